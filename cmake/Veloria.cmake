@@ -1,0 +1,36 @@
+# The rules that every target of this tree is built by.
+
+set(VELORIA_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # 2026-11-21: g++ 12 sees overlapping copies in "literal" + std::string at -O3 (its bug 105329).
+  list(APPEND VELORIA_WARNINGS -Wno-restrict)
+endif()
+
+add_library(veloria_rules INTERFACE)
+target_include_directories(veloria_rules INTERFACE "${CMAKE_SOURCE_DIR}/src")
+target_compile_options(veloria_rules INTERFACE ${VELORIA_WARNINGS}
+  # The renderer's samples are compared with a literal computation: no fused multiply-add behind our back.
+  -ffp-contract=off)
+if(VELORIA_SANITIZE)
+  target_compile_options(veloria_rules INTERFACE -fsanitize=${VELORIA_SANITIZE} -fno-sanitize-recover=all
+    -fno-omit-frame-pointer -g1)
+  target_link_options(veloria_rules INTERFACE -fsanitize=${VELORIA_SANITIZE})
+endif()
+
+# veloria_library(NAME SOURCES ... LINK ...): one library per folder of src/.
+function(veloria_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC veloria_rules ${arg_LINK})
+endfunction()
+
+# veloria_test(NAME SOURCES ... LINK ...): one test program per folder of tests/, one ctest entry.
+function(veloria_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(test_${name} ${arg_SOURCES})
+  target_link_libraries(test_${name} PRIVATE ${arg_LINK} veloria_rules GTest::gtest GTest::gtest_main)
+  target_include_directories(test_${name} PRIVATE "${CMAKE_SOURCE_DIR}")
+  target_compile_definitions(test_${name} PRIVATE VELORIA_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  add_test(NAME ${name} COMMAND test_${name} WORKING_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}")
+  set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT "SDL_VIDEODRIVER=dummy;SDL_AUDIODRIVER=dummy")
+endfunction()

@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# Installs what Veloria is built from and tested with on Debian 12: packages by apt, and the MP3 decoder's header
+# from the npm registry, unpacked to .deps/minimp3 (which git ignores). Safe to repeat: what is there stays.
+# Usage: scripts/deps.sh [run|test]   run: to build and start the program; test (default): the tests' tools as well.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+purpose="${1:-test}"
+say() { printf 'deps: %s\n' "$*"; }
+
+build_packages=(
+  g++ cmake ninja-build pkg-config ca-certificates openssl
+  libsdl2-dev libsdl2-ttf-dev libgtk-3-dev libgstreamer1.0-dev libfontconfig-dev
+  gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav gstreamer1.0-alsa
+  fonts-liberation fonts-dejavu-core xvfb xauth
+)
+test_packages=(
+  libgtest-dev libbenchmark-dev clang-format g++-mingw-w64-x86-64 clang libclang-rt-14-dev
+  xdotool openbox x11-utils imagemagick dbus-x11 adwaita-icon-theme librsvg2-common
+)
+
+packages=("${build_packages[@]}")
+[ "$purpose" = run ] || packages+=("${test_packages[@]}")
+
+# npm comes from Node.js's own packages on some machines; Debian's is taken only where there is none.
+command -v npm >/dev/null 2>&1 || [ -f .deps/minimp3/minimp3.h ] || packages+=(npm)
+
+missing=()
+for package in "${packages[@]}"; do
+  status="$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)"
+  [ "$status" = installed ] || missing+=("$package")
+done
+
+if [ "${#missing[@]}" -gt 0 ]; then
+  as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  say "installing ${missing[*]}"
+  "${as_root[@]}" apt-get update -q
+  DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -q --no-install-recommends "${missing[@]}"
+else
+  say "all ${#packages[@]} packages are installed"
+fi
+
+# The MP3 decoder: one public-domain header. The digest pins its bytes; npm checks it too when it unpacks.
+minimp3_version=1.0.0
+minimp3_sha512="K+d0ltqfCigErdRNYgeA9t2187tt6gQk64y9hlfPxW82MVB8ujv1wCHtvd6UWg+7qiHx0au/P+O8NDBNWDl9PA=="
+
+fetch_minimp3() {
+  local work digest
+  work="$(mktemp -d)"
+  # The folder goes when the script ends, however it ends.
+  trap 'rm -rf "$work"' RETURN
+  (cd "$work" && npm pack --silent "minimp3@${minimp3_version}" >/dev/null)
+  digest="$(openssl dgst -sha512 -binary "$work/minimp3-${minimp3_version}.tgz" | base64 -w0)"
+  if [ "$digest" != "$minimp3_sha512" ]; then
+    say "minimp3 ${minimp3_version}: the package's digest is not the pinned one; nothing was unpacked"
+    return 1
+  fi
+  tar -xzf "$work/minimp3-${minimp3_version}.tgz" -C "$work" package/lib/minimp3.h package/LICENSE
+  mkdir -p .deps/minimp3
+  cp "$work/package/LICENSE" .deps/minimp3/LICENSE
+  cp "$work/package/lib/minimp3.h" .deps/minimp3/minimp3.h
+}
+
+if [ -f /usr/include/minimp3.h ] || [ -f /usr/local/include/minimp3.h ] || [ -f /usr/include/minimp3/minimp3.h ]; then
+  say "using the system's minimp3.h"
+elif [ -f .deps/minimp3/minimp3.h ]; then
+  say "minimp3 ${minimp3_version} is in .deps/minimp3"
+else
+  say "fetching minimp3 ${minimp3_version} from the npm registry"
+  fetch_minimp3
+fi
+say "done"

@@ -1,0 +1,114 @@
+// The floors of the house: which folder of src/ may include which. The table in docs/architecture.md is this
+// one.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Folders = std::set<std::string>;
+
+// Each folder with those it names; what those name is open to it as well.
+const std::map<std::string, Folders>& floors() {
+    static const std::map<std::string, Folders> table = {
+        {"frequency", {}},
+        {"platform", {}},
+        {"engine", {"frequency"}},
+        {"spectral", {"frequency"}},
+        {"walker", {"engine"}},
+        {"media", {"engine", "spectral", "platform"}},
+        {"ui/toolkit", {"platform"}},
+        {"recorder", {"ui/toolkit", "media", "engine"}},
+        {"views", {"ui/toolkit", "engine", "walker", "spectral"}},
+        {"ui", {"recorder", "views", "media", "walker"}},
+        {"app", {"ui"}},
+        {"cli", {"recorder", "views", "media", "walker"}},
+    };
+    return table;
+}
+
+// All folders that `folder` may include, itself among them.
+Folders reachable(const std::string& folder) {
+    Folders all{folder};
+    std::vector<std::string> open{folder};
+    while (!open.empty()) {
+        const std::string next = open.back();
+        open.pop_back();
+        for (const std::string& below : floors().at(next)) {
+            if (all.insert(below).second) open.push_back(below);
+        }
+    }
+    return all;
+}
+
+// The folder of the table that a path below src/ belongs to; empty when it belongs to none.
+std::string folderOf(const std::string& path) {
+    std::string best;
+    for (const auto& [folder, below] : floors()) {
+        if (path.rfind(folder + "/", 0) == 0 && folder.size() > best.size()) best = folder;
+    }
+    return best;
+}
+
+std::vector<std::string> projectIncludes(const fs::path& file) {
+    std::vector<std::string> found;
+    std::ifstream stream(file);
+    for (std::string line; std::getline(stream, line);) {
+        const std::string opening = "#include \"";
+        if (line.rfind(opening, 0) != 0) continue;
+        found.push_back(line.substr(opening.size(), line.rfind('"') - opening.size()));
+    }
+    return found;
+}
+
+std::vector<fs::path> sources() {
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::recursive_directory_iterator(fs::path(VELORIA_SOURCE_DIR) / "src")) {
+        const std::string extension = entry.path().extension().string();
+        if (extension == ".h" || extension == ".cpp") files.push_back(entry.path());
+    }
+    return files;
+}
+
+TEST(Floors, EverySourceBelongsToAFolderOfTheTable) {
+    const auto files = sources();
+    ASSERT_GT(files.size(), 20u);
+    for (const fs::path& file : files) {
+        const std::string path = fs::relative(file, fs::path(VELORIA_SOURCE_DIR) / "src").generic_string();
+        EXPECT_FALSE(folderOf(path).empty()) << path;
+    }
+}
+
+TEST(Floors, AFolderIncludesOnlyItselfAndLowerFloors) {
+    const fs::path root = fs::path(VELORIA_SOURCE_DIR) / "src";
+    for (const fs::path& file : sources()) {
+        const std::string path = fs::relative(file, root).generic_string();
+        const Folders allowed = reachable(folderOf(path));
+        for (const std::string& include : projectIncludes(file)) {
+            EXPECT_TRUE(fs::exists(root / include))
+                << path << " includes " << include << ", which is not below src/";
+            EXPECT_EQ(allowed.count(folderOf(include)), 1u) << path << " includes " << include;
+        }
+    }
+}
+
+TEST(Floors, TheCommandLineToolDoesNotKnowTheWindow) {
+    const Folders allowed = reachable("cli");
+    EXPECT_EQ(allowed.count("ui"), 0u);
+    EXPECT_EQ(allowed.count("app"), 0u);
+}
+
+TEST(Floors, NoFloorReachesItself) {
+    for (const auto& [folder, below] : floors()) {
+        for (const std::string& lower : below)
+            EXPECT_EQ(reachable(lower).count(folder), 0u) << folder;
+    }
+}
+
+}  // namespace
