@@ -1,0 +1,19 @@
+#include "frequency/classify.h"
+
+namespace veloria {
+
+std::int32_t digitalRoot(double hz) {
+    const auto root = static_cast<std::int32_t>(static_cast<std::int64_t>(hz) % 9);
+    return root == 0 ? 9 : root;
+}
+
+const char* bandName(float hz) {
+    if (!(hz > 0.0f)) return "";
+    if (hz <= 4.0f) return "Delta";
+    if (hz <= 8.0f) return "Theta";
+    if (hz <= 13.0f) return "Alpha";
+    if (hz <= 30.0f) return "Beta";
+    return "Gamma";
+}
+
+}  // namespace veloria
