@@ -1,0 +1,24 @@
+// Opening files by the paths that the choosers return.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veloria::platform {
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
+
+// As std::fopen with a path in the form of chooseFileToOpen; null when it cannot be opened.
+[[nodiscard]] FileHandle openFile(const std::string& path, const char* mode);
+
+// The whole of a regular file. False when it cannot be opened or read to its end, or when memory does not
+// suffice; `bytes` is empty then.
+[[nodiscard]] bool readWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes);
+
+}  // namespace veloria::platform
