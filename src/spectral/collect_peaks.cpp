@@ -1,0 +1,53 @@
+#include "spectral/collect_peaks.h"
+
+#include <algorithm>
+
+#include "spectral/half_spectrum.h"
+
+namespace veloria {
+
+namespace {
+
+constexpr double kSilence = 1e-12;
+constexpr double kThreshold = 0.02;  // of the largest magnitude
+
+PeakEntry peakAt(const SacredFft& retuner, std::size_t k, double largest) {
+    return {static_cast<float>(static_cast<double>(k) * kBinWidthHz),
+            static_cast<float>(retuner.binTargetHz[k]),
+            static_cast<float>(retuner.scratch.shiftedMag[k] / largest), retuner.binHarmonic[k]};
+}
+
+}  // namespace
+
+void insertPeak(PeakTable& table, const PeakEntry& entry) {
+    constexpr auto kRows = static_cast<std::int32_t>(kPeakRows);
+    const auto begin = table.rows.begin();
+    const auto last = begin + std::min(table.count, kRows - 1);
+    const auto position =
+        std::find_if(begin, last, [&](const PeakEntry& row) { return row.level < entry.level; });
+    std::move_backward(position, last, last + 1);
+    *position = entry;
+    if (table.count < kRows) ++table.count;
+}
+
+void CollectPeaks(SacredFft& retuner) {
+    auto& magnitudes = retuner.scratch.shiftedMag;
+    std::transform(retuner.shifted.begin(), retuner.shifted.end(), magnitudes.begin(), magnitudeOf);
+    const double largest = *std::max_element(magnitudes.begin(), magnitudes.end());
+    if (largest < kSilence) {
+        retuner.peakCount.store(0, std::memory_order_relaxed);
+        return;
+    }
+    PeakTable table;
+    for (std::size_t k = 2; k <= kNyquistBin - 2; ++k) {
+        const double magnitude = magnitudes[k];
+        if (magnitude > magnitudes[k - 1] && magnitude > magnitudes[k + 1] &&
+            magnitude > kThreshold * largest) {
+            insertPeak(table, peakAt(retuner, k, largest));
+        }
+    }
+    retuner.peaks = table.rows;
+    retuner.peakCount.store(table.count, std::memory_order_relaxed);
+}
+
+}  // namespace veloria

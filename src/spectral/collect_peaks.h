@@ -1,0 +1,22 @@
+// The panel's table of the strongest peaks in the retuned spectrum. Audio thread.
+#pragma once
+
+#include "spectral/sacred_fft.h"
+
+namespace veloria {
+
+// The table while it is being made: strongest first.
+struct PeakTable {
+    std::array<PeakEntry, kPeakRows> rows{};
+    std::int32_t count = 0;
+};
+
+// Puts `entry` before the first weaker row, or at the end. A full table loses its last row in any case, even
+// to a weaker peak: row 7 is the last weak peak met and not the eighth strongest. The panel has always shown
+// it so.
+void insertPeak(PeakTable& table, const PeakEntry& entry);
+
+// Fills `peaks` and `peakCount` from `shifted`. In silence the count is 0 and the rows stay.
+void CollectPeaks(SacredFft& retuner);
+
+}  // namespace veloria

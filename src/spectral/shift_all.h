@@ -1,0 +1,33 @@
+// Mode 1: every bin moves to the bin of its nearest table frequency. Audio thread.
+#pragma once
+
+#include "spectral/half_spectrum.h"
+#include "spectral/sacred_fft.h"
+
+namespace veloria {
+
+// Retunes the half-spectrum in `spectrum`; `shifted`, the statistics and the peaks follow.
+void ShiftAllBins(SacredFft& retuner);
+
+// The steps of ShiftAllBins.
+
+// Empties what gatherBins fills.
+void clearGathering(SacredFft& retuner);
+
+// The frequency in bin `k`, in bins, that the advance of its phase since the last block tells. `phase` is
+// kept for the next block.
+[[nodiscard]] double measureTrueBin(SacredFft& retuner, std::size_t k, double phase);
+
+// Adds the magnitude of every bin to its target bin, which remembers the strongest bin that it took, of equal
+// ones the lowest.
+[[nodiscard]] ShiftTally gatherBins(SacredFft& retuner);
+
+// Moves the phase of target bin `t` on by one hop at the frequency of its strongest bin, scaled to the
+// target.
+void advanceSynthPhase(SacredFft& retuner, std::size_t t);
+
+// `shifted` from the gathered magnitudes and the running phases. A silent bin is an exact zero and its phase
+// waits, so that no phase ever follows noise.
+void synthesiseBins(SacredFft& retuner);
+
+}  // namespace veloria
