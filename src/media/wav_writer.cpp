@@ -1,0 +1,71 @@
+#include "media/wav_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdio>
+
+#include "platform/files.h"
+
+namespace veloria {
+
+namespace {
+
+constexpr std::size_t kHeaderSize = 44;
+constexpr std::uint32_t kFormatSize = 16;
+constexpr std::uint32_t kRate = 44100;
+constexpr std::uint32_t kBytesPerFrame = 4;
+
+using Header = std::array<std::uint8_t, kHeaderSize>;
+
+void put(Header& header, std::size_t offset, const char* text) {
+    for (std::size_t i = 0; i < 4; ++i)
+        header[offset + i] = static_cast<std::uint8_t>(text[i]);
+}
+
+void put(Header& header, std::size_t offset, std::uint32_t value, std::size_t size) {
+    for (std::size_t i = 0; i < size; ++i)
+        header[offset + i] = static_cast<std::uint8_t>(value >> (8 * i));
+}
+
+Header makeHeader(std::uint32_t dataSize) {
+    Header header{};
+    put(header, 0, "RIFF");
+    put(header, 4, dataSize + 36, 4);
+    put(header, 8, "WAVE");
+    put(header, 12, "fmt ");
+    put(header, 16, kFormatSize, 4);
+    put(header, 20, 1, 2);  // integer PCM
+    put(header, 22, 2, 2);  // channels
+    put(header, 24, kRate, 4);
+    put(header, 28, kRate * kBytesPerFrame, 4);
+    put(header, 32, kBytesPerFrame, 2);
+    put(header, 34, 16, 2);
+    put(header, 36, "data");
+    put(header, 40, dataSize, 4);
+    return header;
+}
+
+}  // namespace
+
+std::int16_t toSample16(float value) {
+    const double scaled = static_cast<double>(value) * 32000.0;
+    if (std::isnan(scaled)) return 0;
+    return static_cast<std::int16_t>(std::clamp(scaled, -32768.0, 32767.0));
+}
+
+bool writeWavFile(const std::string& path, std::span<const std::int16_t> samples) {
+    static_assert(std::endian::native == std::endian::little, "samples are written as they lie in memory");
+    if (samples.size() / 2 > kMaxWavFrames) return false;
+    platform::FileHandle file = platform::openFile(path, "wb");
+    if (!file) return false;
+    const auto dataSize = static_cast<std::uint32_t>(samples.size() * sizeof(std::int16_t));
+    const Header header = makeHeader(dataSize);
+    bool written = std::fwrite(header.data(), 1, header.size(), file.get()) == header.size();
+    written = std::fwrite(samples.data(), 1, dataSize, file.get()) == dataSize && written;
+    // A full disk often shows only when the last buffer goes out.
+    return std::fclose(file.release()) == 0 && written;
+}
+
+}  // namespace veloria
