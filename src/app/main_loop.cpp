@@ -1,0 +1,34 @@
+#include "app/main_loop.h"
+
+#include "media/midi_playback.h"
+#include "platform/clock.h"
+#include "ui/frame.h"
+#include "ui/input.h"
+
+namespace veloria {
+
+bool mainLoopPass(AppState& app, std::uint32_t& lastFrame, const LoopCalls& calls) {
+    const bool running = calls.pollEvents(app);
+    // Fed on every pass and not once a frame, so that a late frame does not starve the notes.
+    if (app.transport.kind == MediaKind::Midi && !app.players.midi.paused) {
+        midiTick(app.players.midi, *app.engine, kMidiLookaheadSeconds);
+    }
+    const std::uint32_t now = platform::ticksMs();
+    if (now - lastFrame >= kFrameMs) {
+        pollMediaEnd(app.transport, app.players, now, app.onLoadFile);
+        calls.renderFrame(app);
+        lastFrame = now;
+    }
+    const std::uint32_t elapsed = platform::ticksMs() - lastFrame;
+    if (elapsed < kFrameMs) platform::waitMs(kFrameMs - elapsed);
+    return running;
+}
+
+void runMainLoop(AppState& app) {
+    const LoopCalls calls{pollEvents, renderFrame};
+    std::uint32_t lastFrame = platform::ticksMs();
+    while (mainLoopPass(app, lastFrame, calls)) {
+    }
+}
+
+}  // namespace veloria
