@@ -1,0 +1,74 @@
+#include "cli/session.h"
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+#include "media/midi_load.h"
+#include "media/midi_playback.h"
+#include "media/midi_tuning.h"
+#include "platform/files.h"
+#include "walker/activation.h"
+
+namespace veloria::cli {
+
+namespace {
+
+// The modes that --activation offers, in the order of its words.
+constexpr std::array<std::int32_t, 4> kActivationModes = {kActivationOff, kActivationHeart,
+                                                          kActivationTrinity, kActivationFibonacci};
+
+void prepareRetuner(SacredFft& retuner, const Options& options) {
+    fillHannWindow(retuner);
+    retuner.Init();
+    fillSolfeggioRatio(retuner);
+    retuner.ResetStreams();
+    retuner.targetIndex = options.target;
+    retuner.strength = options.strength;
+    if (options.fft == kModeOff) {
+        setModeOff(retuner);
+    } else {
+        retuner.SetMode(options.fft);
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<Session> makeSession(const Options& options) {
+    auto session = std::make_unique<Session>();
+    SynthEngine& engine = session->engine;
+    engine.sacredOptimizer = !options.originalMidi;
+    engine.midiTableChoice = options.tableChoice;
+    engine.bassFilter = options.bassFilter;
+    engine.waveform = options.waveform;
+    engine.fibonacciCount = options.fibonacci;
+    engine.piCount = options.pi;
+    engine.teslaCount = options.tesla;
+    engine.octaveSteps = options.octave;
+    engine.phiSteps = options.phi;
+    engine.fibPhase = options.fibPhase;
+    engine.teslaPhase = options.teslaPhase;
+    engine.activationMode = kActivationModes[static_cast<std::size_t>(options.activation)];
+    prepareRetuner(session->retuner, options);
+    return session;
+}
+
+int fail(const std::string& file, const std::string& reason) {
+    std::fprintf(stderr, "veloria-cli: %s: %s\n", file.c_str(), reason.c_str());
+    return kFailed;
+}
+
+std::string loadMidi(Session& session, const std::string& path) {
+    if (!platform::openFile(path, "rb")) return "cannot be opened";
+    if (!readMidiFile(session.midi, path, session.engine)) return "holds no MIDI notes";
+    optimizeMidiFile(session.midi, session.engine);
+    pauseMidi(session.midi, session.engine.time);
+    return {};
+}
+
+int finishOutput() {
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return kDone;
+    return fail("standard output", "cannot be written");
+}
+
+}  // namespace veloria::cli

@@ -1,0 +1,38 @@
+#include "cli/walk.h"
+
+#include "cli/output.h"
+#include "cli/session.h"
+#include "walker/scale_walker.h"
+
+namespace veloria::cli {
+
+namespace {
+
+// The same rows as the process's own table, but nothing is written beside the output.
+const ScaleTable& quietScale() {
+    static const ScaleTable table = makeScaleTable();
+    return table;
+}
+
+// The walker's clock: whole milliseconds of sound so far.
+std::uint32_t ticksAt(std::size_t frames) {
+    return static_cast<std::uint32_t>(std::uint64_t{frames} * 1000 / kSampleRate);
+}
+
+}  // namespace
+
+int runWalk(const Options& options) {
+    const auto session = makeSession(options);
+    ScaleWalker walker;
+    walker.scaleSource = quietScale;
+    setWalkerSpeed(walker, options.stepMs);
+    walkerStart(walker, session->engine, 0);
+    ProgressBar bar = makeProgressBar(options);
+    std::vector<std::int16_t> samples;
+    renderBlocks(
+        *session, static_cast<std::size_t>(options.seconds * kSampleRate),
+        [&](std::size_t done) { walkerTick(walker, session->engine, ticksAt(done)); }, bar, samples);
+    return writeOutput(options.files[0], samples);
+}
+
+}  // namespace veloria::cli
