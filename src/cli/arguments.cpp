@@ -21,7 +21,6 @@ namespace {
 constexpr unsigned kRender = 1u << static_cast<unsigned>(Command::Render);
 constexpr unsigned kWalk = 1u << static_cast<unsigned>(Command::Walk);
 constexpr unsigned kNotes = 1u << static_cast<unsigned>(Command::Notes);
-constexpr unsigned kAny = ~0u;
 
 struct CommandRow {
     Command command;
