@@ -8,6 +8,7 @@
 namespace veloria {
 
 bool mainLoopPass(AppState& app, std::uint32_t& lastFrame, const LoopCalls& calls) {
+    app.draw.ticks = platform::ticksMs();  // events belong to this instant, not to the last frame's
     const bool running = calls.pollEvents(app);
     // Fed on every pass and not once a frame, so that a late frame does not starve the notes.
     if (app.transport.kind == MediaKind::Midi && !app.players.midi.paused) {
@@ -16,7 +17,7 @@ bool mainLoopPass(AppState& app, std::uint32_t& lastFrame, const LoopCalls& call
     const std::uint32_t now = platform::ticksMs();
     if (now - lastFrame >= kFrameMs) {
         pollMediaEnd(app.transport, app.players, now, app.onLoadFile);
-        calls.renderFrame(app);
+        calls.renderFrame(app, now);
         lastFrame = now;
     }
     const std::uint32_t elapsed = platform::ticksMs() - lastFrame;

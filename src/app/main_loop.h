@@ -13,7 +13,7 @@ inline constexpr std::uint32_t kFrameMs = 16;
 // What a pass of the loop calls besides the players; replaced in tests.
 struct LoopCalls {
     std::function<bool(AppState&)> pollEvents;
-    std::function<void(AppState&)> renderFrame;
+    std::function<void(AppState&, std::uint32_t nowMs)> renderFrame;
 };
 
 // One pass: events, MIDI feed, and at most once in 16 ms the end-of-file check and a frame; then rests for

@@ -78,11 +78,13 @@ bool initWindowAndFonts(AppState& app, const char* title, int width, int height)
     if (app.renderer == nullptr) return false;
     SDL_SetRenderDrawBlendMode(app.renderer, SDL_BLENDMODE_BLEND);
     awaitMaximise(width, height);
+    buildWidgetLists(app);
     app.splashStart = std::max<std::uint32_t>(1, platform::ticksMs());
     return true;
 }
 
 void shutdownWindowAndFonts(AppState& app) {
+    if (app.renderer != nullptr) clearTextCache(app.textCache);
     closeFonts(app.fonts);
     if (app.renderer != nullptr) SDL_DestroyRenderer(app.renderer);
     app.renderer = nullptr;

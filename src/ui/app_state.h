@@ -3,17 +3,53 @@
 
 #include <SDL.h>
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "engine/scope_buffer.h"
 #include "engine/synth_engine.h"
 #include "media/mix.h"
 #include "media/transport.h"
+#include "ui/layout.h"
+#include "ui/panels.h"
+#include "ui/toolkit/draw_context.h"
 #include "ui/toolkit/fonts.h"
+#include "ui/toolkit/panel_input.h"
+#include "ui/toolkit/text_cache.h"
 #include "ui/toolkit/theme.h"
+#include "ui/widgets.h"
+#include "views/calculator.h"
+#include "views/frame_snapshot.h"
+#include "views/scope.h"
+#include "walker/scale_walker.h"
 
 namespace veloria {
+
+// Places of the left panel's controls as last drawn; empty while they are not on screen, so that nothing is
+// hit that is not seen.
+struct HitRects {
+    SDL_Rect selectorHit{};
+    SDL_Rect strengthHit{};
+    SDL_Rect speedHit{};
+    SDL_Rect synthGainHitLeft{};
+    SDL_Rect synthGainHitRight{};
+};
+
+// What the pointer holds. Each is set by a left press and cleared by the left release, wherever it happens.
+struct HeldControls {
+    std::array<bool, kFxSliderCount> fxSlider{};
+    bool strength = false;
+    bool speed = false;
+    bool synthGainLeft = false;
+    bool synthGainRight = false;
+    Splitter splitter = Splitter::None;
+    int splitterStart = 0;  // the splitter's own value at the press
+    int pressX = 0;
+    int pressY = 0;
+};
 
 struct AppState {
     AppState(SynthEngine& engineRef, MediaPlayers mediaPlayers, OutputGains& outputGains)
@@ -27,12 +63,33 @@ struct AppState {
     SDL_Renderer* renderer = nullptr;
     Fonts fonts;
     Theme theme;
+    TextCache textCache;
+    DrawContext draw;  // filled anew at the head of each frame
 
-    std::int32_t windowW = 0;  // pixels, read at the head of each frame
-    std::int32_t windowH = 0;
+    PanelSizes sizes;
+    WindowLayout layout;  // of the last frame; what the events are tested against
+    HitRects hits;
+    HeldControls held;
+
+    std::vector<Widget> widgets;
+    std::int32_t viewMode = 0;      // ViewMode: tab of the left panel
+    std::int32_t voicesSubTab = 0;  // 0 "VOICE", 1 "FREQUENCY"
+    std::int32_t tableTab = 0;      // 0 "162 AVATAR", 1 "180 SHADOW"
+    std::int32_t avatarSubTab = 0;  // 0 "REFLECTION", 1 "ROTATION"
+    std::int32_t avatarScroll = 0;  // pixels
+    std::int32_t shadowScroll = 0;  // pixels
+
+    FloatingPanels panels;
+    PanelResize panelResize;
+    bool researchMode = false;         // of the centre view and the KATHARA panel
+    std::int32_t spectrumPalette = 0;  // 0 Avatar ("SPEC 1"), 1 Chakra ("SPEC 2")
+    CalculatorState calculator;
+    ScopeState scopeView;
 
     Transport transport;
+    ScaleWalker walker;
     ScopeBuffer scope;  // written by the audio callback, read under AudioLock
+    FrameSnapshot snapshot;
 
     // The operations behind the transport's buttons, installed at start-up. A control looks its object up
     // when it is clicked; none is ever copied into a control.
@@ -40,9 +97,11 @@ struct AppState {
     std::function<void()> onStop;
     std::function<void()> onPlay;
     std::function<void()> onToggleFlag;
+    std::function<void()> onImportMidi;
     std::function<void()> onReset;
 
     std::uint32_t splashStart = 0;  // ms; when the welcome began, 0 once it is over
+    std::uint32_t lastFrameMs = 0;  // ms; for the time between frames
 };
 
 }  // namespace veloria

@@ -1,12 +1,89 @@
 #include "ui/frame.h"
 
+#include "ui/draw.h"
+#include "ui/floating_panels.h"
+#include "ui/toolkit/primitives.h"
+#include "views/splash.h"
+
 namespace veloria {
 
-void renderFrame(AppState& app) {
-    SDL_GetWindowSize(app.window, &app.windowW, &app.windowH);
-    const SDL_Color& background = app.theme.themeBackground;
-    SDL_SetRenderDrawColor(app.renderer, background.r, background.g, background.b, background.a);
+namespace {
+
+void prepareContext(AppState& app, std::uint32_t nowMs) {
+    DrawContext& draw = app.draw;
+    draw.renderer = app.renderer;
+    draw.fonts = &app.fonts;
+    draw.theme = &app.theme;
+    draw.textCache = &app.textCache;
+    SDL_GetMouseState(&draw.mouseX, &draw.mouseY);
+    draw.windowW = app.layout.windowW;
+    draw.windowH = app.layout.windowH;
+    draw.ticks = nowMs;
+}
+
+void prepareLayout(AppState& app) {
+    int width = 0;
+    int height = 0;
+    if (app.window != nullptr) {
+        SDL_GetWindowSize(app.window, &width, &height);
+    } else {
+        SDL_GetRendererOutputSize(app.renderer, &width, &height);
+    }
+    initPanelSizes(app.sizes, width);
+    app.layout = windowLayout(app.sizes, width, height);
+    app.hits = {};  // what this frame does not draw cannot be hit
+}
+
+void clearWindow(const AppState& app) {
+    const SDL_Color& color = app.theme.themeBackground;
+    SDL_RenderSetClipRect(app.renderer, nullptr);
+    SDL_SetRenderDrawBlendMode(app.renderer, SDL_BLENDMODE_BLEND);
+    SDL_SetRenderDrawColor(app.renderer, color.r, color.g, color.b, color.a);
     SDL_RenderClear(app.renderer);
+}
+
+void drawLeftTabContents(AppState& app) {
+    if (!leftPanelShown(app.layout)) return;
+    switch (app.viewMode) {
+        case kTuningTab:
+            drawTuningTab(app);
+            break;
+        case kFxTab:
+            drawFxTab(app);
+            break;
+        case kSysTab:
+            drawSysTab(app);
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace
+
+void composeFrame(AppState& app, std::uint32_t nowMs) {
+    walkerTick(app.walker, *app.engine, nowMs);
+    takeFrameSnapshot(*app.engine, app.scope, app.players.retuner, app.snapshot);
+    prepareLayout(app);
+    prepareContext(app, nowMs);
+
+    clearWindow(app);
+    drawTopBar(app);
+    drawLeftPanelFrame(app);
+    drawLeftTabContents(app);
+    drawTopBarButtons(app);
+    if (leftPanelShown(app.layout) && app.viewMode == kVoicesTab) drawVoicesTab(app);
+    drawRightPanel(app);
+    drawWidgets(app);
+    drawRowScrollBar(app);
+    drawStatusBar(app);
+    drawWelcomeSplash(app.draw, app.splashStart);
+    drawFloatingPanels(app);
+    drawCalculator(app.draw, app.calculator);
+}
+
+void renderFrame(AppState& app, std::uint32_t nowMs) {
+    composeFrame(app, nowMs);
     SDL_RenderPresent(app.renderer);
 }
 

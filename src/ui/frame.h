@@ -5,6 +5,10 @@
 
 namespace veloria {
 
-void renderFrame(AppState& app);
+// Advances what depends on time, draws everything and presents it. `nowMs` is the tick of this frame.
+void renderFrame(AppState& app, std::uint32_t nowMs);
+
+// The same without the presenting, so that a test can read the picture.
+void composeFrame(AppState& app, std::uint32_t nowMs);
 
 }  // namespace veloria

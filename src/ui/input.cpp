@@ -1,13 +1,65 @@
 #include "ui/input.h"
 
+#include "ui/input_steps.h"
+
 namespace veloria {
 
-bool pollEvents(AppState& /*app*/) {
+bool pollEvents(AppState& app) {
     bool running = true;
     for (SDL_Event event; SDL_PollEvent(&event) != 0;) {
-        if (event.type == SDL_QUIT) running = false;
+        if (event.type == SDL_QUIT) {
+            running = false;
+        } else {
+            handleEvent(app, event);
+        }
     }
     return running;
+}
+
+PointerEvent pointerEvent(const SDL_Event& event) {
+    PointerEvent pointer;
+    switch (event.type) {
+        case SDL_MOUSEBUTTONDOWN:
+            pointer.leftDown = event.button.button == SDL_BUTTON_LEFT;
+            pointer.otherDown = !pointer.leftDown;
+            pointer.x = event.button.x;
+            pointer.y = event.button.y;
+            break;
+        case SDL_MOUSEBUTTONUP:
+            pointer.leftUp = event.button.button == SDL_BUTTON_LEFT;
+            pointer.x = event.button.x;
+            pointer.y = event.button.y;
+            break;
+        case SDL_MOUSEMOTION:
+            pointer.motion = true;
+            pointer.x = event.motion.x;
+            pointer.y = event.motion.y;
+            break;
+        case SDL_MOUSEWHEEL:
+            pointer.wheel = true;
+            pointer.x = event.wheel.mouseX;
+            pointer.y = event.wheel.mouseY;
+            break;
+        default:
+            break;
+    }
+    return pointer;
+}
+
+void handleEvent(AppState& app, const SDL_Event& event) {
+    if (event.type == SDL_RENDER_DEVICE_RESET) clearTextCache(app.textCache);
+    if (!app.sizes.layoutReady) return;
+    const PointerEvent pointer = pointerEvent(event);
+    // A release is nobody's alone: it goes all the way, so that no drag outlives it.
+    if (calculatorEvent(app.calculator, event, app.layout.windowW, app.layout.windowH)) return;
+    if (panelsEvent(app, event, pointer)) return;
+    if (splittersEvent(app, pointer)) return;
+    if (fxSlidersEvent(app, pointer)) return;
+    if (tuningControlsEvent(app, pointer)) return;
+    if (rowWheelEvent(app, event, pointer)) return;
+    if (keyEvent(app, event)) return;
+    releaseControls(app, pointer);
+    if (pointer.leftDown) handleClick(app, pointer.x, pointer.y);
 }
 
 }  // namespace veloria

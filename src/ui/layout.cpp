@@ -106,6 +106,10 @@ WindowLayout windowLayout(const PanelSizes& sizes, int windowW, int windowH) {
 bool leftPanelShown(const WindowLayout& layout) {
     return layout.leftWidth > kMinimumPanel;
 }
+SDL_Rect leftPanelClip(const WindowLayout& layout) {
+    const SDL_Rect& panel = layout.leftPanel;
+    return {panel.x, panel.y, panel.w, std::max(panel.h, 0)};
+}
 bool rightPanelShown(const WindowLayout& layout) {
     return layout.rightPanel.w > kMinimumPanel;
 }

@@ -55,6 +55,8 @@ void initPanelSizes(PanelSizes& sizes, int windowW);
 }
 
 [[nodiscard]] bool leftPanelShown(const WindowLayout& layout);
+// What the left panel's content is cut to; empty where the recorder leaves nothing of it.
+[[nodiscard]] SDL_Rect leftPanelClip(const WindowLayout& layout);
 [[nodiscard]] bool rightPanelShown(const WindowLayout& layout);
 [[nodiscard]] bool centreShown(const WindowLayout& layout);
 

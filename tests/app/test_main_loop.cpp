@@ -28,7 +28,7 @@ class MainLoop : public ::testing::Test {
                                  fakePlatform().ticks += eventMs;
                                  return running;
                              },
-                             [this](AppState&) {
+                             [this](AppState&, std::uint32_t) {
                                  order.push_back("frame");
                                  fakePlatform().ticks += frameMs;
                              }});

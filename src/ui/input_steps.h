@@ -1,0 +1,41 @@
+// The steps of an event's way through the window. Each returns true when the event goes no further.
+#pragma once
+
+#include "ui/app_state.h"
+
+namespace veloria {
+
+// Where a pointer event points and what it does, whichever SDL record it comes in.
+struct PointerEvent {
+    bool leftDown = false;
+    bool leftUp = false;
+    bool otherDown = false;  // right or middle
+    bool motion = false;
+    bool wheel = false;
+    int x = 0;  // pixels of the window
+    int y = 0;
+};
+[[nodiscard]] PointerEvent pointerEvent(const SDL_Event& event);
+
+// Floating panels: the resize that is under way, then the panel under a press, then drags and releases.
+bool panelsEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer);
+
+// The two gain sliders of the "TUNING" tab and the three splitters.
+bool splittersEvent(AppState& app, const PointerEvent& pointer);
+
+// The sliders of the "FX" tab.
+bool fxSlidersEvent(AppState& app, const PointerEvent& pointer);
+
+// The retuner's selector, its strength, and the walker's speed.
+bool tuningControlsEvent(AppState& app, const PointerEvent& pointer);
+
+// The wheel over the right panel's rows.
+bool rowWheelEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer);
+
+// The keys of the window. Every key down ends here.
+bool keyEvent(AppState& app, const SDL_Event& event);
+
+// A left release lets go of every slider and splitter. Never takes the event.
+void releaseControls(AppState& app, const PointerEvent& pointer);
+
+}  // namespace veloria
