@@ -1,0 +1,106 @@
+#!/usr/bin/env bash
+# Starts the real program on a virtual display, puts it into its main states and writes a picture of each.
+# Usage: scripts/screenshots.sh [FOLDER] [PROGRAM]   the folder is docs/images unless another is named.
+set -euo pipefail
+root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+# shellcheck source=../tests/desktop.sh
+source "$root/tests/desktop.sh"
+folder="$(mkdir -p "${1:-$root/docs/images}" && cd "${1:-$root/docs/images}" && pwd)"
+program="$(realpath "${2:-$root/build/release/bin/veloria}")"
+use_own_desktop 1920x1080 "$0" "$folder" "$program"
+
+work="$(mktemp -d)"
+pid=""
+finish() {
+  [ -z "$pid" ] || kill "$pid" 2>/dev/null || true
+  rm -rf "$work"
+}
+trap finish EXIT
+isolate_user "$work"
+export SDL_AUDIODRIVER=dummy
+
+# Two voices in canon, so that there is something to see.
+python3 - "$work/canon.mid" <<'PY'
+import struct, sys
+def track(channel, first, keys):
+    data = b""
+    for place, key in enumerate(keys):
+        delta = first if place == 0 else 0
+        data += bytes([delta & 0x7F, 0x90 | channel, key, 90, 0x83, 0x60, 0x80 | channel, key, 0])
+    data += bytes([0, 0xFF, 0x2F, 0])
+    return b"MTrk" + struct.pack(">I", len(data)) + data
+keys = [60, 62, 64, 65, 67, 69, 71, 72, 71, 69, 67, 65, 64, 62] * 8
+tracks = track(0, 0, keys) + track(1, 0x40, [k - 12 for k in keys]) + track(2, 0, [k + 7 for k in keys])
+with open(sys.argv[1], "wb") as file:
+    file.write(b"MThd" + struct.pack(">IHHH", 6, 1, 3, 480) + tracks)
+PY
+
+title="Veloria V3.6 - 342 Frequency System"
+(cd "$work" && exec "$program") &
+pid=$!
+await find_window "$title" || { echo "screenshots: no window" >&2; exit 1; }
+find_window "$title"
+window="$found"
+
+geometry() { xdotool getwindowgeometry --shell "$window" | grep -qx "$1"; }
+# picture NAME: once the frame after the last click is drawn.
+picture() {
+  sleep 0.3
+  import -window "$window" "$folder/$1.png"
+  echo "$folder/$1.png"
+}
+tab() { click_at $((33 + 66 * $1)) 46; }
+resize() {
+  xdotool windowmove "$window" 0 0 windowsize "$window" "$1" "$2"
+  await geometry "WIDTH=$1"
+}
+
+await geometry WIDTH=1280
+sleep 1.5
+picture welcome
+sleep 7
+
+click_at 580 16
+await find_window "Select Music File"
+find_window "Select Music File"
+xdotool windowfocus "$found"
+xdotool type --delay 8 "$work/canon.mid"
+xdotool key Return
+await no_window "Select Music File"
+click_at 724 16
+sleep 1
+picture tuning_720
+tab 3
+picture voices_720
+
+resize 1920 1080
+# The recorder's upper edge down, so that every tab is seen whole.
+xdotool mousemove --window "$window" 960 710 mousedown 1 mousemove --window "$window" 960 890 mouseup 1
+for state in 0:tuning 1:wave 2:fx 3:voices 4:viz 5:sys; do
+  tab "${state%%:*}"
+  picture "${state#*:}"
+done
+tab 3
+click_at 300 70
+picture frequency_table
+click_at 100 70
+
+tab 0
+click_at 200 166 # the selector: the retuner's Solfeggio mode
+click_at 45 326  # Heart
+click_at 100 360 # DNA Spiral
+sleep 1
+picture walking
+click_at 45 164
+click_at 100 360
+click_at 45 326
+
+click_at 1700 46 # 180 SHADOW
+click_at 1100 130
+picture shadow_rows
+click_at 1000 46
+
+tab 4
+click_at 100 306 # SCOPE
+picture scope
+click_at 100 306
