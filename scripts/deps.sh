@@ -23,7 +23,10 @@ packages=("${build_packages[@]}")
 [ "$purpose" = run ] || packages+=("${test_packages[@]}")
 
 # npm comes from Node.js's own packages on some machines; Debian's is taken only where there is none.
-command -v npm >/dev/null 2>&1 || [ -f .deps/minimp3/minimp3.h ] || packages+=(npm)
+system_minimp3() { ls -1 /usr/include/minimp3.h /usr/local/include/minimp3.h /usr/include/minimp3/minimp3.h 2>/dev/null || true; }
+if ! command -v npm >/dev/null 2>&1 && [ ! -f .deps/minimp3/minimp3.h ] && [ -z "$(system_minimp3)" ]; then
+  packages+=(npm)
+fi
 
 missing=()
 for package in "${packages[@]}"; do
@@ -45,24 +48,23 @@ fi
 minimp3_version=1.0.0
 minimp3_sha512="K+d0ltqfCigErdRNYgeA9t2187tt6gQk64y9hlfPxW82MVB8ujv1wCHtvd6UWg+7qiHx0au/P+O8NDBNWDl9PA=="
 
-fetch_minimp3() {
-  local work digest
+# In a shell of its own, whose end takes the folder along, however it ends.
+fetch_minimp3() (
   work="$(mktemp -d)"
-  # The folder goes when the script ends, however it ends.
-  trap 'rm -rf "$work"' RETURN
+  trap 'rm -rf "$work"' EXIT
   (cd "$work" && npm pack --silent "minimp3@${minimp3_version}" >/dev/null)
   digest="$(openssl dgst -sha512 -binary "$work/minimp3-${minimp3_version}.tgz" | base64 -w0)"
   if [ "$digest" != "$minimp3_sha512" ]; then
     say "minimp3 ${minimp3_version}: the package's digest is not the pinned one; nothing was unpacked"
-    return 1
+    exit 1
   fi
   tar -xzf "$work/minimp3-${minimp3_version}.tgz" -C "$work" package/lib/minimp3.h package/LICENSE
   mkdir -p .deps/minimp3
   cp "$work/package/LICENSE" .deps/minimp3/LICENSE
   cp "$work/package/lib/minimp3.h" .deps/minimp3/minimp3.h
-}
+)
 
-if [ -f /usr/include/minimp3.h ] || [ -f /usr/local/include/minimp3.h ] || [ -f /usr/include/minimp3/minimp3.h ]; then
+if [ -n "$(system_minimp3)" ]; then
   say "using the system's minimp3.h"
 elif [ -f .deps/minimp3/minimp3.h ]; then
   say "minimp3 ${minimp3_version} is in .deps/minimp3"

@@ -50,15 +50,14 @@ SDL_Renderer* createRenderer(SDL_Window* window) {
 
 // Window systems maximise some time after the window was made. The first layout must see the final size, so
 // wait for it, but not for long: without a window manager it never comes.
-void awaitMaximise(int width, int height) {
+void awaitMaximise(SDL_Window* window, int width, int height) {
     const std::uint32_t begin = platform::ticksMs();
     while (platform::ticksMs() - begin < kMaximiseWaitMs) {
         SDL_PumpEvents();
-        SDL_Event event;
-        while (SDL_PeepEvents(&event, 1, SDL_GETEVENT, SDL_WINDOWEVENT, SDL_WINDOWEVENT) > 0) {
-            const bool sized = event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED;
-            if (sized && (event.window.data1 != width || event.window.data2 != height)) return;
-        }
+        int currentWidth = 0;
+        int currentHeight = 0;
+        SDL_GetWindowSize(window, &currentWidth, &currentHeight);
+        if (currentWidth != width || currentHeight != height) return;
         platform::waitMs(kMaximisePollMs);
     }
 }
@@ -77,8 +76,10 @@ bool initWindowAndFonts(AppState& app, const char* title, int width, int height)
     app.renderer = createRenderer(app.window);
     if (app.renderer == nullptr) return false;
     SDL_SetRenderDrawBlendMode(app.renderer, SDL_BLENDMODE_BLEND);
-    awaitMaximise(width, height);
+    awaitMaximise(app.window, width, height);
     buildWidgetLists(app);
+    app.recorder.engine = app.engine;
+    app.recorder.onToggleCalc = [&app] { toggleCalculator(app.calculator); };
     app.splashStart = std::max<std::uint32_t>(1, platform::ticksMs());
     return true;
 }

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include "engine/audio_lock.h"
+#include "engine/voice_list.h"
 
 namespace veloria {
 
@@ -16,12 +16,6 @@ constexpr double kHeldSeconds = 3600.0;
 constexpr double kDroneSeconds = 7200.0;
 constexpr float kDroneVolume = 0.12f;  // the panel calls it -18 dB
 constexpr std::array<double, 4> kDroneFrequencies = {322.0, 325.0, 111.0, 114.0};
-
-// Appends under a lock that the caller holds.
-void append(SynthEngine& engine, Voice voice) {
-    voice.id = engine.nextVoiceId++;
-    engine.voices.push_back(voice);
-}
 
 void releaseOnChannel9(SynthEngine& engine, bool (*matches)(const Voice&, double), double frequency) {
     const AudioLock lock;
@@ -47,19 +41,17 @@ constexpr ToggleFamily kRotationFamily{kToggleChannel, 0.65f, 1.0f, 0.7f, 2.0f};
 constexpr ToggleFamily kShadowFamily{kShadowChannel, 0.55f, 0.5f, -1.0f, 2.0f};
 
 void toggle(SynthEngine& engine, bool& held, double frequency, const ToggleFamily& family) {
-    const AudioLock lock;
     if (!held) {
         Voice voice;
         voice.frequency = frequency;
         voice.volume = family.volume;
         voice.pan = family.pan;
         voice.channel = family.channel;
-        voice.startTime = engine.time;
-        voice.endTime = engine.time + kHeldSeconds;
-        append(engine, voice);
+        startVoice(engine, voice, kHeldSeconds);
         held = true;
         return;
     }
+    const AudioLock lock;
     const auto own = std::find_if(engine.voices.begin(), engine.voices.end(), [&](const Voice& voice) {
         return voice.channel == family.channel && voice.pan > family.panAbove &&
                voice.pan < family.panBelow && std::fabs(voice.frequency - frequency) < 0.1;
@@ -77,17 +69,14 @@ void clearHeld(SynthEngine& engine) {
 }  // namespace
 
 void noteOn(SynthEngine& engine, const NoteSpec& note) {
-    const AudioLock lock;
     Voice voice;
     voice.frequency = note.frequency;
     voice.volume = note.volume;
     voice.targetVolume = note.targetVolume;
-    voice.startTime = engine.time;
-    voice.endTime = engine.time + note.duration;
     voice.channel = kNoteChannel;
     voice.pan = note.pan;
     voice.overrides = note.overrides;
-    append(engine, voice);
+    startVoice(engine, voice, note.duration);
 }
 
 void noteOffByFrequency(SynthEngine& engine, double frequency) {

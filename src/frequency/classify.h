@@ -5,7 +5,8 @@
 
 namespace veloria {
 
-// The digital root of the whole part of `hz`: n mod 9, with 9 in place of 0, so 0 gives 9 as well.
+// The digital root of the whole part of `hz`: n mod 9, with 9 in place of 0, so 0 gives 9 as well, and so
+// does what is not finite or too large to have a last digit.
 [[nodiscard]] std::int32_t digitalRoot(double hz);
 
 // "Delta" to 4 Hz, "Theta" to 8, "Alpha" to 13, "Beta" to 30, "Gamma" above, each bound in the lower band;

@@ -1,5 +1,6 @@
 #include "media/midi_load.h"
 
+#include <new>
 #include <vector>
 
 #include "engine/control.h"
@@ -20,7 +21,11 @@ bool readMidiFile(MidiFile& file, const std::string& path, SynthEngine& engine) 
 
     const std::vector<MidiEvent> events = parseMidiEvents(path);
     if (events.empty()) return false;
-    file.notes = pairMidiNotes(events);
+    try {
+        file.notes = pairMidiNotes(events);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
     file.duration = lastNoteEnd(file.notes);
     return true;
 }

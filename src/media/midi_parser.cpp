@@ -204,29 +204,25 @@ std::vector<MidiEvent> parseMidiEvents(const std::string& path) {
 }
 
 std::vector<MidiNote> pairMidiNotes(const std::vector<MidiEvent>& events) {
-    try {
-        std::array<PairingSlot, kPairingSlots> slots{};
-        std::vector<MidiNote> notes;
-        notes.reserve(events.size() / 2);
-        for (const MidiEvent& event : events) {
-            // A key above 127 falls into the next channel's slots, and on the last channel behind them all.
-            const auto index = static_cast<std::size_t>(event.channel * 128 + event.note);
-            if (index >= slots.size()) continue;
-            PairingSlot& slot = slots[index];
-            if (event.isNoteOn && event.velocity > 0) {
-                slot = {event.time, event.velocity, event.channel};
-            } else if (slot.velocity > 0) {
-                const auto velocity = static_cast<float>(slot.velocity / 127.0);
-                notes.push_back({slot.onTime, event.time, event.note, velocity, slot.channel, -1.0F});
-                slot.velocity = 0;
-            }
+    std::array<PairingSlot, kPairingSlots> slots{};
+    std::vector<MidiNote> notes;
+    notes.reserve(events.size() / 2);
+    for (const MidiEvent& event : events) {
+        // A key above 127 falls into the next channel's slots, and on the last channel behind them all.
+        const auto index = static_cast<std::size_t>(event.channel * 128 + event.note);
+        if (index >= slots.size()) continue;
+        PairingSlot& slot = slots[index];
+        if (event.isNoteOn && event.velocity > 0) {
+            slot = {event.time, event.velocity, event.channel};
+        } else if (slot.velocity > 0) {
+            const auto velocity = static_cast<float>(slot.velocity / 127.0);
+            notes.push_back({slot.onTime, event.time, event.note, velocity, slot.channel, -1.0F});
+            slot.velocity = 0;
         }
-        std::stable_sort(notes.begin(), notes.end(),
-                         [](const MidiNote& a, const MidiNote& b) { return timeBefore(a.start, b.start); });
-        return notes;
-    } catch (const std::exception&) {  // no memory
-        return {};
     }
+    std::stable_sort(notes.begin(), notes.end(),
+                     [](const MidiNote& a, const MidiNote& b) { return timeBefore(a.start, b.start); });
+    return notes;
 }
 
 double lastNoteEnd(const std::vector<MidiNote>& notes) {

@@ -28,8 +28,8 @@ namespace veloria {
 
 // Pairs each note-off with the last note-on before it of the same channel and key, with pan undecided.
 // `events` in time order; the notes are sorted by start, in pairing order at equal starts. A second note-on
-// swallows an open first one, and notes still open at the end are dropped. Empty when memory does not
-// suffice.
+// swallows an open first one, and notes still open at the end are dropped. Throws std::bad_alloc, which the
+// load of the file takes for its failure.
 [[nodiscard]] std::vector<MidiNote> pairMidiNotes(const std::vector<MidiEvent>& events);
 
 // The largest end in seconds, 0 with no notes. A NaN counts as larger than any number, so that a file with

@@ -5,6 +5,7 @@
 
 #include "engine/audio_lock.h"
 #include "engine/render.h"
+#include "engine/voice_list.h"
 #include "media/midi_tuning.h"
 
 namespace veloria {
@@ -84,26 +85,42 @@ void startNote(SynthEngine& engine, const ScheduledNote& note, ChannelCounts& co
 
 }  // namespace
 
-void midiTick(MidiFile& file, SynthEngine& engine, double lookahead) {
-    if (file.paused || file.nextNote >= file.notes.size()) return;
+namespace {
+
+// Hands over what is due, under one hold; false when the voice list was full before all of it was.
+bool handOverDueNotes(MidiFile& file, SynthEngine& engine, double lookahead) {
     const AudioLock lock;
     const double now = engine.time;
-    if (file.timeOffset + file.notes[file.nextNote].start > now + lookahead) return;
+    if (file.timeOffset + file.notes[file.nextNote].start > now + lookahead) return true;
     ChannelCounts counts = countSounding(engine);
     while (file.nextNote < file.notes.size()) {
         const MidiNote& note = file.notes[file.nextNote];
         const double onset = file.timeOffset + note.start;
         if (onset > now + lookahead) break;
+        if (engine.voices.size() == engine.voices.capacity()) return false;
         ++file.nextNote;
         const double release = file.timeOffset + note.end;
         if (release > now) {
             startNote(engine, {note.note, note.velocity, onset, release, note.channel, note.pan}, counts);
         }
     }
+    return true;
+}
+
+}  // namespace
+
+void midiTick(MidiFile& file, SynthEngine& engine, double lookahead) {
+    if (file.paused || file.nextNote >= file.notes.size()) return;
+    // Memory is had between two holds. Where there is none the notes that are left wait for the next tick.
+    while (!handOverDueNotes(file, engine, lookahead)) {
+        if (!growVoices(engine)) return;
+    }
 }
 
 void startMidiNote(SynthEngine& engine, std::int32_t note, float velocity, double startTime, double endTime,
                    std::int32_t channel, float pan) {
+    if (engine.voices.size() == engine.voices.capacity())
+        return;  // the caller holds the lock: no memory here
     ChannelCounts counts = countSounding(engine);
     startNote(engine, {note, velocity, startTime, endTime, channel, pan}, counts);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
 #include <span>
 
 #include "frequency/tables.h"
@@ -45,7 +46,6 @@ double equalTempered(std::int32_t note) {
 }
 
 TunedKey tuneKey(const SynthEngine& engine, std::int32_t note) {
-    if (g_midiTuningTable.frequencies.empty()) return {true, equalTempered(note), engine.midiTuningTag};
     if (engine.bassFilter) note = foldKeyForBassFilter(note);
     if (engine.midiTuningMode != 0) return {true, 440.0, 0};
     const double raw = equalTempered(note);
@@ -75,17 +75,6 @@ constexpr double kBinauralFloorHz = 0.1;     // exclusive
 constexpr double kBinauralCeilingHz = 40.0;  // inclusive
 constexpr float kSameSide = 0.3f;
 
-// Splits the pair when it is a binaural one on one side: the lower goes left, the higher right.
-bool splitPair(MidiNote& first, double firstHz, MidiNote& second, double secondHz) {
-    const double distance = std::fabs(firstHz - secondHz);
-    if (!(distance > kBinauralFloorHz) || !(distance <= kBinauralCeilingHz)) return false;
-    if (!(std::fabs(first.pan - second.pan) < kSameSide)) return false;
-    const bool secondIsHigher = secondHz >= firstHz;
-    first.pan = secondIsHigher ? 0.0f : 1.0f;
-    second.pan = secondIsHigher ? 1.0f : 0.0f;
-    return true;
-}
-
 }  // namespace
 
 MidiTuningTable buildMidiTuningTable(std::int32_t midiTableChoice) {
@@ -114,7 +103,7 @@ std::int32_t foldKeyForBassFilter(std::int32_t note) {
 double midiToFrequency(SynthEngine& engine, std::int32_t note, std::int32_t /*channel*/) {
     const TuningSwitches switches{engine.midiTableChoice, engine.midiTuningMode, engine.bassFilter,
                                   engine.sacredOptimizer};
-    if (g_midiTuningTable.builtFor != switches.tableChoice || g_midiTuningTable.frequencies.empty()) {
+    if (g_midiTuningTable.builtFor != switches.tableChoice) {
         g_midiTuningTable = buildMidiTuningTable(switches.tableChoice);
     }
     if (g_keyMemo.switches != switches) g_keyMemo = {switches, {}};
@@ -142,11 +131,26 @@ float panAffinity(double frequency) {
     return 0.5f;
 }
 
+bool splitPair(MidiNote& first, double firstHz, MidiNote& second, double secondHz) {
+    const double distance = std::fabs(firstHz - secondHz);
+    if (!(distance > kBinauralFloorHz) || !(distance <= kBinauralCeilingHz)) return false;
+    if (!(std::fabs(first.pan - second.pan) < kSameSide)) return false;
+    const bool secondIsHigher = secondHz >= firstHz;
+    first.pan = secondIsHigher ? 0.0f : 1.0f;
+    second.pan = secondIsHigher ? 1.0f : 0.0f;
+    return true;
+}
+
 void optimizeMidiFile(MidiFile& file, SynthEngine& engine) {
     std::vector<MidiNote>& notes = file.notes;
     if (notes.empty()) return;
     std::vector<double> hz;
-    hz.reserve(notes.size());
+    try {
+        hz.reserve(notes.size());
+    } catch (const std::bad_alloc&) {
+        notes.clear();  // no memory is a file that could not be loaded
+        return;
+    }
     for (MidiNote& note : notes) {
         hz.push_back(midiToFrequency(engine, note.note, note.channel));
         note.pan = panAffinity(hz.back());

@@ -32,6 +32,11 @@ struct MidiTuningTable {
 // a Rotation frequency, 0.5 when equally near. Always by the Avatar tables.
 [[nodiscard]] float panAffinity(double frequency);
 
+// Splits two overlapping notes at `firstHz` and `secondHz` that are more than 0.1 and at most 40 Hz apart and
+// on one side (pans less than 0.3 apart): the lower goes left, the higher right. False when they stay as they
+// are.
+bool splitPair(MidiNote& first, double firstHz, MidiNote& second, double secondHz);
+
 // Gives every note its pan, and splits overlapping notes more than 0.1 and at most 40 Hz apart, on the same
 // side, into a left and a right one; counts the splits in file.binauralPairs. Called once after each load.
 // Nothing happens to a file without notes.

@@ -11,11 +11,14 @@ namespace {
 // The file's sound of one frame, mono, as retuned.
 float retunedSample(PcmStream& pcm, SacredFft& retuner) {
     const RetunerSettings settings = loadSettings(retuner);
-    while (needsFeed(retuner, settings)) feedSample(retuner, nextPcmSample(pcm));
+    while (needsFeed(retuner, settings))
+        feedSample(retuner, nextPcmSample(pcm));
     return retuner.processSample(nextPcmSample(pcm), settings);
 }
 
-float clampToFullScale(float value) { return std::max(std::min(value, 1.0f), -1.0f); }
+float clampToFullScale(float value) {
+    return std::max(std::min(value, 1.0f), -1.0f);
+}
 
 void feedScope(ScopeBuffer& scope, float value) {
     scope.samples[static_cast<std::size_t>(scope.write)] = value;

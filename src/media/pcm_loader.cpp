@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string_view>
 #include <vector>
 
+#include "media/extension.h"
 #include "media/mp3_reader.h"
 #include "media/wav_reader.h"
 #include "platform/files.h"
@@ -21,24 +21,10 @@ bool loadWith(Decoder decode, PcmStream& stream, const std::string& path) {
     return platform::readWholeFile(path, bytes) && decode(bytes, stream.samples);
 }
 
-// The letters A to Z only, whatever the locale.
-char lowerCase(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool hasMp3Extension(const std::string& path) {
-    const std::size_t dot = path.rfind('.');
-    if (dot == std::string::npos) return false;
-    std::string extension = path.substr(dot);
-    for (char& letter : extension)
-        letter = lowerCase(letter);
-    return extension == ".mp3";
-}
-
 }  // namespace
 
 bool loadPcmFile(PcmStream& stream, const std::string& path) {
-    return hasMp3Extension(path) ? loadMp3(stream, path) : loadWav(stream, path);
+    return extensionOf(path) == "mp3" ? loadMp3(stream, path) : loadWav(stream, path);
 }
 
 bool loadMp3(PcmStream& stream, const std::string& path) {

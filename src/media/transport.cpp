@@ -1,11 +1,10 @@
 #include "media/transport.h"
 
-#include <algorithm>
 #include <array>
-#include <string_view>
 
 #include "engine/audio_lock.h"
 #include "engine/control.h"
+#include "media/extension.h"
 #include "media/midi_load.h"
 #include "media/midi_playback.h"
 #include "media/midi_tuning.h"
@@ -52,16 +51,6 @@ std::string askMci(const std::string& command) {
     std::array<char, kReplySize> reply{};
     static_cast<void>(platform::mediaCommand(command, reply.data(), reply.size()));
     return reply.data();
-}
-
-// The text behind the last "." of the path, in lower case; empty without one.
-std::string extensionOf(const std::string& path) {
-    const std::size_t dot = path.rfind('.');
-    if (dot == std::string::npos) return {};
-    std::string extension = path.substr(dot + 1);
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return extension;
 }
 
 void loadMidi(Transport& transport, const MediaPlayers& players, const std::string& path) {
@@ -159,7 +148,7 @@ void playMedia(Transport& transport, const MediaPlayers& players) {
         case MediaKind::None:
             break;
     }
-    if (players.engine.activationMode > 0 && !players.engine.dronesOn) startDrones(players.engine);
+    startDrones(players.engine);
 }
 
 void stopMedia(Transport& transport, const MediaPlayers& players) {
@@ -179,7 +168,7 @@ void stopMedia(Transport& transport, const MediaPlayers& players) {
         case MediaKind::None:
             break;
     }
-    if (players.engine.dronesOn) stopDrones(players.engine);
+    stopDrones(players.engine);
 }
 
 void resetMedia(Transport& transport, const MediaPlayers& players) {

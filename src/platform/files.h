@@ -17,6 +17,9 @@ using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 // As std::fopen with a path in the form of chooseFileToOpen; null when it cannot be opened.
 [[nodiscard]] FileHandle openFile(const std::string& path, const char* mode);
 
+// True for a regular file that can be opened for reading. Never waits, as opening a pipe would.
+[[nodiscard]] bool canReadFile(const std::string& path);
+
 // The whole of a regular file. False when it cannot be opened or read to its end, or when memory does not
 // suffice; `bytes` is empty then.
 [[nodiscard]] bool readWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes);

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -56,13 +57,20 @@ std::string folderOf(const std::string& path) {
     return best;
 }
 
+// The path that a line includes, whichever way it is written; empty for any other line.
+std::string includedPath(const std::string& line) {
+    static const std::regex pattern(R"(^\s*#\s*include\s*["<]([^">]+)[">])");
+    std::smatch match;
+    return std::regex_search(line, match, pattern) ? match[1].str() : std::string();
+}
+
+// What a file includes of src/.
 std::vector<std::string> projectIncludes(const fs::path& file) {
     std::vector<std::string> found;
     std::ifstream stream(file);
     for (std::string line; std::getline(stream, line);) {
-        const std::string opening = "#include \"";
-        if (line.rfind(opening, 0) != 0) continue;
-        found.push_back(line.substr(opening.size(), line.rfind('"') - opening.size()));
+        const std::string path = includedPath(line);
+        if (!path.empty() && fs::exists(fs::path(VELORIA_SOURCE_DIR) / "src" / path)) found.push_back(path);
     }
     return found;
 }
@@ -71,7 +79,8 @@ std::vector<fs::path> sources() {
     std::vector<fs::path> files;
     for (const auto& entry : fs::recursive_directory_iterator(fs::path(VELORIA_SOURCE_DIR) / "src")) {
         const std::string extension = entry.path().extension().string();
-        if (extension == ".h" || extension == ".cpp") files.push_back(entry.path());
+        if (extension == ".h" || extension == ".hpp" || extension == ".cpp" || extension == ".cc")
+            files.push_back(entry.path());
     }
     return files;
 }
@@ -96,6 +105,15 @@ TEST(Floors, AFolderIncludesOnlyItselfAndLowerFloors) {
             EXPECT_EQ(allowed.count(folderOf(include)), 1u) << path << " includes " << include;
         }
     }
+}
+
+TEST(Floors, AnIncludeIsSeenHoweverItIsWritten) {
+    EXPECT_EQ(includedPath("#include \"engine/voice.h\""), "engine/voice.h");
+    EXPECT_EQ(includedPath("#include <engine/voice.h>"), "engine/voice.h");
+    EXPECT_EQ(includedPath("  # include  \"engine/voice.h\"  // why"), "engine/voice.h");
+    EXPECT_EQ(includedPath("// #include \"engine/voice.h\""), "");
+    EXPECT_EQ(projectIncludes(fs::path(VELORIA_SOURCE_DIR) / "src/engine/reports.h"),
+              std::vector<std::string>{"engine/synth_engine.h"});
 }
 
 TEST(Floors, TheCommandLineToolDoesNotKnowTheWindow) {

@@ -71,6 +71,21 @@ TEST_F(Control, NoteOnAppendsAVoiceOfChannelNineAtTheClock) {
     EXPECT_EQ(g_holds, 1);
 }
 
+TEST_F(Control, TheListGrowsOutsideTheLockAndKeepsItsVoices) {
+    for (int i = 0; i < 256; ++i)
+        noteOn(engine, {.frequency = 100.0 + i, .volume = 1, .duration = 9});
+    ASSERT_EQ(engine.voices.capacity(), 256u);
+    g_holds = 0;
+    noteOn(engine, {.frequency = 999.0, .volume = 1, .duration = 9});
+    EXPECT_EQ(g_holds, 3);  // full; the move into the larger list; the append
+    ASSERT_EQ(engine.voices.size(), 257u);
+    EXPECT_EQ(engine.voices[0].frequency, 100.0);
+    EXPECT_EQ(engine.voices[255].frequency, 355.0);
+    EXPECT_EQ(last().frequency, 999.0);
+    EXPECT_EQ(last().id, 256u);
+    EXPECT_GE(engine.voices.capacity(), 512u);
+}
+
 TEST_F(Control, NoteOffByFrequencyEndsEveryMatchWithinOneHertzOnChannelNineOnly) {
     for (const double hz : {322.0, 322.9, 323.0, 321.1})
         noteOn(engine, {.frequency = hz, .volume = 1, .duration = 9});

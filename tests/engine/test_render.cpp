@@ -190,6 +190,23 @@ TEST(Render, AChangeOfAnEngineSettingReachesASoundingVoiceAtTheNextSample) {
     EXPECT_EQ(renderOne(engine).left, 0.0f);
 }
 
+TEST(Render, SettingThePhaseShiftsThePartialsOfASoundingNoteAtOnce) {
+    SynthEngine engine;
+    Voice voice = sineVoice(440.0, 0.0, 10.0);
+    voice.overrides = {};
+    engine.voices.push_back(voice);
+    renderMany(engine, 499);
+    engine.fibPhase = 50;
+    const Stereo out = renderOne(engine);
+    const double x = 500.0 * 440.0 * kTwoPi / 44100.0;
+    const double phi = (1.0 + std::sqrt(5.0)) / 2.0;
+    const double shifted =
+        3.0 * x + kTwoPi / (phi * phi) * 0.5;  // the second partial, half a golden angle on
+    const double sum = (std::sin(x) + std::sin(2.0 * x) / 2.0 + std::sin(shifted) / 3.0) / (11.0 / 6.0);
+    const double tremolo = std::sin(engine.time * 2.0 * 1.6180339887) * 0.03 + 1.0;
+    EXPECT_NEAR(out.left, std::tanh(0.3 * sum * tremolo), 1e-5);
+}
+
 TEST(Render, SixtyFiveVoicesPullTheLevelDownOverSomeHundredMilliseconds) {
     SynthEngine engine;
     for (int i = 0; i < 65; ++i)

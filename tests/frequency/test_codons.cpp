@@ -17,10 +17,12 @@ std::string biologyOf(const std::string& bases) {
     static const std::map<std::string, std::string> wholeFamilies = {
         {"GT", "Val"}, {"TC", "Ser"}, {"CC", "Pro"}, {"AC", "Thr"},
         {"GC", "Ala"}, {"CG", "Arg"}, {"GG", "Gly"}, {"CT", "Leu"}};
-    static const std::map<std::string, std::string> beforePyrimidine = {  // T or C at the end
+    static const std::map<std::string, std::string> beforePyrimidine = {
+        // T or C at the end
         {"TT", "Phe"}, {"AT", "Ile"}, {"TA", "Tyr"}, {"CA", "His"},
         {"AA", "Asn"}, {"GA", "Asp"}, {"TG", "Cys"}, {"AG", "Ser"}};
-    static const std::map<std::string, std::string> beforePurine = {  // A or G at the end
+    static const std::map<std::string, std::string> beforePurine = {
+        // A or G at the end
         {"TT", "Leu"}, {"TA", "STP"}, {"CA", "Gln"}, {"AA", "Lys"}, {"GA", "Glu"}, {"AG", "Arg"}};
     const std::string pair = bases.substr(0, 2);
     if (bases == "ATG") return "Met";

@@ -138,6 +138,9 @@ TEST(Classify, DigitalRootOfTheWholePartWithNineForNought) {
     EXPECT_EQ(digitalRoot(1.0), 1);
     EXPECT_EQ(digitalRoot(9.0), 9);
     EXPECT_EQ(digitalRoot(10.0), 1);
+    EXPECT_EQ(digitalRoot(std::nan("")), 9);
+    EXPECT_EQ(digitalRoot(HUGE_VAL), 9);
+    EXPECT_EQ(digitalRoot(1e300), 9);
 }
 
 TEST(Classify, EachBandBoundBelongsToTheLowerBand) {

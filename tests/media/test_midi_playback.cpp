@@ -297,6 +297,23 @@ TEST_F(Playback, OneHoldOfTheLockCoversTheWholeBatch) {
     EXPECT_EQ(g_holds, 1);
 }
 
+TEST_F(Playback, ABatchBeyondTheListsRoomIsHandedOverWhole) {
+    for (int i = 0; i < 1500; ++i)
+        add(0.1, 1.0);
+    midiTick(file, engine, 0.15);
+    EXPECT_EQ(engine.voices.size(), 1500u);
+    EXPECT_EQ(engine.voices.back().id, 1499u);
+    EXPECT_EQ(file.nextNote, 1500u);
+}
+
+TEST_F(Stealing, AVoiceWithoutARankIsStolenOnlyWhenAllHaveNone) {
+    sound(0, 9);  // a walker's or a drone's
+    sound(1, 1);
+    play(12);  // rank 0
+    EXPECT_EQ(engine.voices[0].endTime, 9.0);
+    EXPECT_DOUBLE_EQ(engine.voices[1].endTime, 1.005);
+}
+
 TEST_F(Playback, TimesThatAreNotFiniteNeitherCrashNorLoop) {
     add(HUGE_VAL, HUGE_VAL);
     add(std::nan(""), HUGE_VAL);

@@ -217,6 +217,31 @@ class Optimizer : public ::testing::Test {
 
 // Keys 36 (65.41 Hz) and 37 (69.30 Hz) fold to 130.8 and 138.6 Hz, both nearest to Rotation: 3.9 Hz apart on
 // one side.
+TEST(BinauralSplit, TheBandIsAboveATenthAndUpTo40Hertz) {
+    const auto split = [](double firstHz, double secondHz, float firstPan, float secondPan) {
+        MidiNote first{0, 1, 60, 0.5f, 0, firstPan};
+        MidiNote second{0, 1, 60, 0.5f, 0, secondPan};
+        return splitPair(first, firstHz, second, secondHz);
+    };
+    EXPECT_FALSE(split(200.0, 200.0, 0.0f, 0.0f));
+    EXPECT_FALSE(split(0.0, 0.1, 0.0f, 0.0f));  // the floor is outside
+    EXPECT_TRUE(split(0.0, 0.1001, 0.0f, 0.0f));
+    EXPECT_TRUE(split(200.0, 240.0, 0.0f, 0.0f));  // the ceiling is inside
+    EXPECT_FALSE(split(200.0, 240.0001, 0.0f, 0.0f));
+    EXPECT_FALSE(split(200.0, 203.0, 0.0f, 1.0f));
+    EXPECT_FALSE(split(200.0, 203.0, 0.5f, 0.0f));
+    EXPECT_FALSE(split(200.0, 203.0, 0.5f, 0.8f));
+    EXPECT_TRUE(split(200.0, 203.0, 0.5f, 0.75f));
+}
+
+TEST(BinauralSplit, ThreeHertzApartOnTheLeftTheLowerStaysThere) {
+    MidiNote high{0, 1, 60, 0.5f, 0, 0.0f};
+    MidiNote low{0, 1, 60, 0.5f, 0, 0.0f};
+    EXPECT_TRUE(splitPair(high, 325.0, low, 322.0));
+    EXPECT_EQ(high.pan, 1.0f);
+    EXPECT_EQ(low.pan, 0.0f);
+}
+
 TEST_F(Optimizer, SplitsTwoNotesOnOneSideTheLowerToTheLeft) {
     add(0.0, 1.0, 36);
     add(0.5, 1.5, 37);

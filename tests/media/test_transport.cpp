@@ -246,6 +246,8 @@ TEST_F(TransportTest, StopThenPlayOfAStreamGoesOnAtTheSameSample) {
     playMedia(transport, players);
     EXPECT_TRUE(pcm.playing);
     EXPECT_EQ(nextPcmSample(pcm), 0.25f);
+    playMedia(transport, players);  // a second PLAY changes nothing
+    EXPECT_EQ(pcm.position, 1u);
     stopMedia(transport, players);
     EXPECT_EQ(nextPcmSample(pcm), 0.0f);
     playMedia(transport, players);

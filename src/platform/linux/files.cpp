@@ -40,18 +40,32 @@ bool readToEnd(int descriptor, std::size_t expected, std::vector<std::uint8_t>& 
     return true;
 }
 
+// Without O_NONBLOCK the opening of a pipe that nobody writes to would wait for ever.
+int openToRead(const std::string& path) {
+    return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+}
+
+bool isRegular(const Descriptor& file, struct stat& facts) {
+    return file.number >= 0 && fstat(file.number, &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
 }  // namespace
 
 FileHandle openFile(const std::string& path, const char* mode) {
     return FileHandle(std::fopen(path.c_str(), mode));
 }
 
+bool canReadFile(const std::string& path) {
+    struct stat facts {};
+    const Descriptor file(openToRead(path));
+    return isRegular(file, facts);
+}
+
 bool readWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {
     bytes.clear();
-    // Without O_NONBLOCK the opening of a pipe that nobody writes to would wait for ever.
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat facts {};
-    if (file.number < 0 || fstat(file.number, &facts) != 0 || !S_ISREG(facts.st_mode)) return false;
+    const Descriptor file(openToRead(path));
+    if (!isRegular(file, facts)) return false;
     try {
         if (readToEnd(file.number, static_cast<std::size_t>(facts.st_size), bytes)) return true;
     } catch (const std::exception&) {

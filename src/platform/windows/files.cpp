@@ -22,16 +22,25 @@ bool readToEnd(std::FILE* file, std::vector<std::uint8_t>& bytes) {
     }
 }
 
+bool isRegular(const std::string& path, struct _stat64& facts) {
+    return _wstat64(toWide(path).c_str(), &facts) == 0 && (facts.st_mode & _S_IFREG) != 0;
+}
+
 }  // namespace
 
 FileHandle openFile(const std::string& path, const char* mode) {
     return FileHandle(_wfopen(toWide(path).c_str(), toWide(mode).c_str()));
 }
 
+bool canReadFile(const std::string& path) {
+    struct _stat64 facts {};
+    return isRegular(path, facts) && openFile(path, "rb") != nullptr;
+}
+
 bool readWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {
     bytes.clear();
     struct _stat64 facts {};
-    if (_wstat64(toWide(path).c_str(), &facts) != 0 || (facts.st_mode & _S_IFREG) == 0) return false;
+    if (!isRegular(path, facts)) return false;
     const FileHandle file = openFile(path, "rb");
     if (!file) return false;
     try {
