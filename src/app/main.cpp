@@ -47,7 +47,10 @@ int run(AppState& app) {
     fillHannWindow(g_sacredFft);
     g_sacredFft.Init();
     fillSolfeggioRatio(g_sacredFft);
-    g_sacredFft.ResetStreams();
+    {
+        const AudioLock lock;
+        g_sacredFft.ResetStreams();
+    }
     installTransport(app);
 
     runMainLoop(app);

@@ -1,13 +1,53 @@
 #include "app/wiring.h"
 
+#include "recorder/clips.h"
+#include "recorder/export_dialog.h"
+#include "recorder/midi_import.h"
+#include "recorder/playback.h"
+#include "ui/frame.h"
+
 namespace veloria {
 
+namespace {
+
+void exportRecorder(AppState& app) {
+    ExportSurroundings surroundings;
+    surroundings.midi = &app.players.midi;
+    surroundings.exporting = &app.exporting;
+    surroundings.scope = &app.scope;
+    surroundings.pumpEvents = [] { SDL_PumpEvents(); };
+    surroundings.drawFrame = [&app](std::uint32_t nowMs) { renderFrame(app, nowMs); };
+    surroundings.resetViews = [&app] { app.lastFrameMs = 0; };
+    exportRecorderDialog(app.recorder, *app.engine, surroundings);
+}
+
+void importMidi(AppState& app) {
+    app.players.midi.normalizeMatch = app.transport.midiNormalize ? 1 : 0;
+    importMidiToRecorder(app.players.midi, app.recorder, *app.engine);
+}
+
+void loadFile(AppState& app, const std::string& path) {
+    loadMedia(app.transport, app.players, path);
+    // A load drops every voice: the clips under the playhead are to begin anew.
+    app.recorder.activeClips.clear();
+}
+
+void reset(AppState& app) {
+    resetMedia(app.transport, app.players);
+    stopPlayback(app.recorder);
+    clearRecorder(app.recorder);
+}
+
+}  // namespace
+
 void installTransport(AppState& app) {
-    app.onLoadFile = [&app](const std::string& path) { loadMedia(app.transport, app.players, path); };
+    app.recorder.onExportRecorder = [&app] { exportRecorder(app); };
+    app.onLoadFile = [&app](const std::string& path) { loadFile(app, path); };
     app.onStop = [&app] { stopMedia(app.transport, app.players); };
     app.onPlay = [&app] { playMedia(app.transport, app.players); };
     app.onToggleFlag = [&app] { app.transport.toggleFlag = !app.transport.toggleFlag; };
-    app.onReset = [&app] { resetMedia(app.transport, app.players); };
+    app.onImportMidi = [&app] { importMidi(app); };
+    app.onReset = [&app] { reset(app); };
 }
 
 }  // namespace veloria

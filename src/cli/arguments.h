@@ -8,16 +8,18 @@
 
 namespace veloria::cli {
 
-enum class Command { Render, Walk, Notes, Scale, Help, Version };
+enum class Command { Render, Record, Walk, Notes, Clips, Scale, Obj, Help, Version };
 
 // What the options set; a default is the instrument's own.
 struct Options {
     Command command = Command::Help;
     std::vector<std::string> files;  // as many as the sub-command names
     double seconds = 0.0;            // length of a walk, 0 or above, and no longer than a WAV file holds
+    bool teslaCoordinates = false;   // of an exported figure; else the Tree of Life
     bool originalMidi = false;
     std::int32_t tableChoice = 0;  // 0 Avatar, 1 Shadow
     bool bassFilter = false;
+    bool normalize = false;  // MIDI Normalize
     std::int32_t waveform = 0;
     std::int32_t fibonacci = 2;
     std::int32_t pi = 0;
@@ -29,7 +31,7 @@ struct Options {
     std::int32_t fft = 0;         // RetunerMode: 0 off, 1 full, 2 peak, 3 solfeggio
     std::int32_t target = 8;      // row of sacredTargets; 8 is 528 Hz
     std::int32_t strength = 100;  // per cent
-    std::int32_t activation = 0;  // 0 off, 1 heart, 2 trinity, 3 fibonacci
+    std::int32_t activation = 0;  // ActivationMode
     std::int32_t stepMs = 200;    // of the walker, not yet held to its range
     bool quiet = false;
 };

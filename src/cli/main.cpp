@@ -1,9 +1,13 @@
 // veloria-cli: the instrument without its window, for scripts, benchmarks and tests.
 #include <cstdio>
 #include <exception>
+#include <string>
 
 #include "cli/arguments.h"
+#include "cli/clips.h"
 #include "cli/notes.h"
+#include "cli/obj.h"
+#include "cli/record.h"
 #include "cli/render.h"
 #include "cli/scale.h"
 #include "cli/session.h"
@@ -17,12 +21,18 @@ int run(const Options& options) {
     switch (options.command) {
         case Command::Render:
             return runRender(options);
+        case Command::Record:
+            return runRecord(options);
         case Command::Walk:
             return runWalk(options);
         case Command::Notes:
             return runNotes(options);
+        case Command::Clips:
+            return runClips(options);
         case Command::Scale:
             return runScale();
+        case Command::Obj:
+            return runObj(options);
         case Command::Help:
             std::fputs(helpText().c_str(), stdout);
             return finishOutput();
@@ -36,16 +46,17 @@ int run(const Options& options) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    std::string file = "arguments";
     try {
         const ParsedArguments parsed = parseArguments({argv + 1, argv + argc});
         if (!parsed.error.empty()) {
             std::fprintf(stderr, "veloria-cli: %s (see veloria-cli --help)\n", parsed.error.c_str());
             return kMisused;
         }
+        if (!parsed.options.files.empty()) file = parsed.options.files[0];
         return run(parsed.options);
     } catch (const std::exception&) {
         // Nothing below throws but an allocation that cannot be had.
-        std::fputs("veloria-cli: not enough memory\n", stderr);
-        return kFailed;
+        return fail(file, "not enough memory");
     }
 }

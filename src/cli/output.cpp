@@ -70,14 +70,21 @@ void renderBlocks(Session& session, std::size_t frames, const std::function<void
     endProgress(bar);
 }
 
-int writeOutput(const std::string& path, const std::vector<std::int16_t>& samples) {
+int makeOutput(const std::string& path, const std::function<bool()>& write) {
     namespace fs = std::filesystem;
     std::error_code ignored;
-    const bool wasThere = fs::exists(fs::symlink_status(path, ignored));
-    if (writeWavFile(path, samples)) return kDone;
-    // Never anything but what this run made: not a device, not what stood there before.
-    if (!wasThere && fs::is_regular_file(fs::symlink_status(path, ignored))) fs::remove(path, ignored);
+    const bool wasThere = fs::exists(fs::status(path, ignored));
+    if (write()) return kDone;
+    // Never anything but what this run made: not a device, not what stood there before, and of a link only
+    // the file that it led to.
+    if (!wasThere && fs::is_regular_file(fs::status(path, ignored))) {
+        fs::remove(fs::canonical(path, ignored), ignored);
+    }
     return fail(path, "cannot be written");
+}
+
+int writeOutput(const std::string& path, const std::vector<std::int16_t>& samples) {
+    return makeOutput(path, [&] { return writeWavFile(path, samples); });
 }
 
 }  // namespace veloria::cli

@@ -29,7 +29,11 @@ void appendFrames(Session& session, std::size_t frames, std::vector<std::int16_t
 void renderBlocks(Session& session, std::size_t frames, const std::function<void(std::size_t)>& beforeBlock,
                   ProgressBar& bar, std::vector<std::int16_t>& samples);
 
-// Writes the file and gives the exit status. After a failure no file is left that was not there before.
+// Lets `write` make the file at `path` and gives the exit status. After a failure (false) no file is left
+// that was not there before.
+[[nodiscard]] int makeOutput(const std::string& path, const std::function<bool()>& write);
+
+// Writes the samples as a WAV file by makeOutput.
 [[nodiscard]] int writeOutput(const std::string& path, const std::vector<std::int16_t>& samples);
 
 }  // namespace veloria::cli

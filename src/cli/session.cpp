@@ -1,22 +1,15 @@
 #include "cli/session.h"
 
-#include <array>
-#include <cmath>
 #include <cstdio>
 
 #include "media/midi_load.h"
 #include "media/midi_playback.h"
 #include "media/midi_tuning.h"
 #include "platform/files.h"
-#include "walker/activation.h"
 
 namespace veloria::cli {
 
 namespace {
-
-// The modes that --activation offers, in the order of its words.
-constexpr std::array<std::int32_t, 4> kActivationModes = {kActivationOff, kActivationHeart,
-                                                          kActivationTrinity, kActivationFibonacci};
 
 void prepareRetuner(SacredFft& retuner, const Options& options) {
     fillHannWindow(retuner);
@@ -25,11 +18,7 @@ void prepareRetuner(SacredFft& retuner, const Options& options) {
     retuner.ResetStreams();
     retuner.targetIndex = options.target;
     retuner.strength = options.strength;
-    if (options.fft == kModeOff) {
-        setModeOff(retuner);
-    } else {
-        retuner.SetMode(options.fft);
-    }
+    retuner.SetMode(options.fft);
 }
 
 }  // namespace
@@ -48,7 +37,7 @@ std::unique_ptr<Session> makeSession(const Options& options) {
     engine.phiSteps = options.phi;
     engine.fibPhase = options.fibPhase;
     engine.teslaPhase = options.teslaPhase;
-    engine.activationMode = kActivationModes[static_cast<std::size_t>(options.activation)];
+    engine.activationMode = options.activation;
     prepareRetuner(session->retuner, options);
     return session;
 }
@@ -59,8 +48,8 @@ int fail(const std::string& file, const std::string& reason) {
 }
 
 std::string loadMidi(Session& session, const std::string& path) {
-    if (!platform::openFile(path, "rb")) return "cannot be opened";
-    if (!readMidiFile(session.midi, path, session.engine)) return "holds no MIDI notes";
+    if (!platform::canReadFile(path)) return "cannot be opened";
+    if (!readMidiFile(session.midi, path, session.engine)) return "holds no MIDI note events";
     optimizeMidiFile(session.midi, session.engine);
     pauseMidi(session.midi, session.engine.time);
     return {};

@@ -1,5 +1,7 @@
 #include "cli/walk.h"
 
+#include <cmath>
+
 #include "cli/output.h"
 #include "cli/session.h"
 #include "walker/scale_walker.h"
@@ -21,6 +23,14 @@ std::uint32_t ticksAt(std::size_t frames) {
 
 }  // namespace
 
+std::size_t walkFrames(double seconds) {
+    // Most decimal lengths have no exact double: 0.7 s would come out a frame short.
+    constexpr double kSlack = 1e-6;
+    const double frames = seconds * kSampleRate;
+    const double nearest = std::round(frames);
+    return static_cast<std::size_t>(std::fabs(frames - nearest) <= kSlack ? nearest : frames);
+}
+
 int runWalk(const Options& options) {
     const auto session = makeSession(options);
     ScaleWalker walker;
@@ -30,7 +40,7 @@ int runWalk(const Options& options) {
     ProgressBar bar = makeProgressBar(options);
     std::vector<std::int16_t> samples;
     renderBlocks(
-        *session, static_cast<std::size_t>(options.seconds * kSampleRate),
+        *session, walkFrames(options.seconds),
         [&](std::size_t done) { walkerTick(walker, session->engine, ticksAt(done)); }, bar, samples);
     return writeOutput(options.files[0], samples);
 }

@@ -40,11 +40,7 @@ void CollectPeaks(SacredFft& retuner) {
     }
     PeakTable table;
     for (std::size_t k = 2; k <= kNyquistBin - 2; ++k) {
-        const double magnitude = magnitudes[k];
-        if (magnitude > magnitudes[k - 1] && magnitude > magnitudes[k + 1] &&
-            magnitude > kThreshold * largest) {
-            insertPeak(table, peakAt(retuner, k, largest));
-        }
+        if (isPeak(magnitudes, k, kThreshold * largest)) insertPeak(table, peakAt(retuner, k, largest));
     }
     retuner.peaks = table.rows;
     retuner.peakCount.store(table.count, std::memory_order_relaxed);

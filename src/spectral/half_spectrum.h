@@ -1,6 +1,7 @@
 // What both shifting modes share: polar values, the count of what moved, and the way back into the transform.
 #pragma once
 
+#include <array>
 #include <cmath>
 #include <complex>
 
@@ -24,6 +25,13 @@ namespace veloria {
 // The bin that takes the energy of bin `k`.
 [[nodiscard]] inline std::size_t targetOf(const SacredFft& retuner, std::size_t k) {
     return static_cast<std::size_t>(retuner.binTarget[k]);
+}
+
+// True when bin `k` (1 to 2047) stands strictly above both its neighbours and above `threshold`.
+[[nodiscard]] inline bool isPeak(const std::array<double, kBinCount>& magnitudes, std::size_t k,
+                                 double threshold) {
+    const double magnitude = magnitudes[k];
+    return magnitude > magnitudes[k - 1] && magnitude > magnitudes[k + 1] && magnitude > threshold;
 }
 
 // What a block moved, and how far.

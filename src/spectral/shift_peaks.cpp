@@ -34,11 +34,9 @@ double measureMagnitudes(SacredFft& retuner) {
 
 void findPeaks(SacredFft& retuner, double threshold) {
     BlockScratch& scratch = retuner.scratch;
-    const auto& magnitudes = scratch.magnitudes;
     scratch.peakBinCount = 0;
     for (std::size_t k = 2; k <= kNyquistBin - 2; ++k) {
-        const double magnitude = magnitudes[k];
-        if (magnitude > magnitudes[k - 1] && magnitude > magnitudes[k + 1] && magnitude > threshold) {
+        if (isPeak(scratch.magnitudes, k, threshold)) {
             scratch.peakBins[scratch.peakBinCount++] = static_cast<std::int32_t>(k);
         }
     }

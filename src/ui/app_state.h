@@ -13,6 +13,7 @@
 #include "engine/synth_engine.h"
 #include "media/mix.h"
 #include "media/transport.h"
+#include "recorder/recorder.h"
 #include "ui/layout.h"
 #include "ui/panels.h"
 #include "ui/toolkit/draw_context.h"
@@ -88,7 +89,9 @@ struct AppState {
 
     Transport transport;
     ScaleWalker walker;
-    ScopeBuffer scope;  // written by the audio callback, read under AudioLock
+    Recorder recorder;
+    bool exporting = false;  // an export renders: frames must not begin or end any voice
+    ScopeBuffer scope;       // written by the audio callback, read under AudioLock
     FrameSnapshot snapshot;
 
     // The operations behind the transport's buttons, installed at start-up. A control looks its object up
@@ -101,7 +104,8 @@ struct AppState {
     std::function<void()> onReset;
 
     std::uint32_t splashStart = 0;  // ms; when the welcome began, 0 once it is over
-    std::uint32_t lastFrameMs = 0;  // ms; for the time between frames
+    std::uint32_t lastFrameMs =
+        0;  // ms; 0 before the first frame and after an export: no time has passed then
 };
 
 }  // namespace veloria

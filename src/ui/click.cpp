@@ -68,11 +68,8 @@ bool hitsButton(const AppState& app, const Widget& widget, int x, int y) {
 bool hitsRow(const AppState& app, const Widget& widget, int x, int y) {
     if (!isShownRow(app, widget) || isInertRow(widget) || !contains(rowHitArea(app.layout), x, y))
         return false;
-    const bool shadow = app.tableTab == 1;
-    const int group = shadow ? kShadowGroup : app.avatarSubTab == 0 ? kReflectionGroup : kRotationGroup;
-    const int scroll = shadow ? app.shadowScroll : app.avatarScroll;
-    const GridLayout grid = rowGrid(app.layout, shadow ? kShadowRowsTop : kAvatarRowsTop, scroll);
-    return contains(gridCell(grid, widget.group - group), x, y);
+    const ShownRows shown = shownRows(app);
+    return contains(gridCell(shown.grid, widget.group - shown.group), x, y);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "ui/app_state.h"
 #include "walker/rgba.h"
+#include "walker/status.h"
 
 namespace veloria {
 
@@ -59,6 +60,11 @@ void drawExportOverlay(const AppState& app, float progress);
 
 [[nodiscard]] constexpr SDL_Color toColor(Rgba colour) {
     return {colour.r, colour.g, colour.b, colour.a};
+}
+
+// The colour of a binaural beat (Hz) by its band, each bound in the lower band.
+[[nodiscard]] inline SDL_Color SelectBandColor(float beatHz) {
+    return toColor(bandColour(beatHz));
 }
 
 }  // namespace veloria

@@ -90,7 +90,7 @@ int rowLimit(const WindowLayout& layout) {
     return std::max((layout.contentBottom - 129) / kRowPitch, 2);
 }
 
-int shownRows(const FrequencyTable& table, int column, int limit) {
+int rowsShownIn(const FrequencyTable& table, int column, int limit) {
     return std::min(static_cast<int>(table.columns[static_cast<std::size_t>(column)].size()), limit);
 }
 
@@ -103,7 +103,7 @@ void drawColumn(const AppState& app, const FrequencyTable& table, int column) {
     DrawText(app.draw, look.heading, places[0], kHeadingY, font, look.headingColor);
     for (std::size_t i = 0; i < places.size(); ++i)
         DrawText(app.draw, look.names[i], places[i], kNamesY, font, kNamesColor);
-    const int rows = shownRows(table, column, rowLimit(app.layout));
+    const int rows = rowsShownIn(table, column, rowLimit(app.layout));
     for (int row = 0; row < rows; ++row) {
         const auto& voices = table.columns[static_cast<std::size_t>(column)];
         const RowText text = rowText(voices[static_cast<std::size_t>(row)], column);
@@ -135,7 +135,7 @@ int drawPairs(const AppState& app, const std::vector<BinauralPair>& pairs, int y
         const std::string text = formatText("L:%.0f R:%.0f = ", pair.left, pair.right) +
                                  fixedText(static_cast<double>(pair.beatHz), 1) + "Hz " +
                                  bandName(pair.beatHz);
-        DrawText(app.draw, text, kIndentedX, y, font, SelectBandColor(static_cast<double>(pair.beatHz)));
+        DrawText(app.draw, text, kIndentedX, y, font, SelectBandColor(static_cast<float>(pair.beatHz)));
         y += kPairPitch;
     }
     return y + kGap;
@@ -168,7 +168,7 @@ void drawFrequencyTable(const AppState& app) {
     int longest = 0;
     for (int column = 0; column < kTableColumnCount; ++column) {
         drawColumn(app, table, column);
-        longest = std::max(longest, shownRows(table, column, rowLimit(app.layout)));
+        longest = std::max(longest, rowsShownIn(table, column, rowLimit(app.layout)));
     }
     const int y = drawPairs(app, table.pairs, kRowsTop + kRowPitch * longest + kGap);
     drawActivation(app, y);

@@ -71,8 +71,7 @@ void drawRightPanel(const AppState& app) {
 void drawRowScrollBar(const AppState& app) {
     const WindowLayout& layout = app.layout;
     const bool avatar = app.tableTab == 0;
-    const int rows = avatar ? kAvatarFamilySize : kShadowIndexCount;
-    const int farthest = maxRowScroll(layout, rows);
+    const int farthest = maxRowScroll(layout, shownRows(app).count);
     const int view = layout.contentBottom - kScrollTrackTop;
     if (!rightPanelShown(layout) || farthest <= 0 || view <= 0) return;
     const SDL_Rect track{layout.windowW - kScrollTrackWidth, kScrollTrackTop, kScrollTrackWidth, view};

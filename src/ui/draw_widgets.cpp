@@ -96,33 +96,22 @@ void drawLeftButton(const AppState& app, const Widget& widget) {
     drawWidget(app, widget, leftButtonRect(app.layout, widget.label.c_str()), leftPanelClip(app.layout));
 }
 
-// The grid and the band of the shown table.
-struct ShownRows {
-    GridLayout grid;
-    SDL_Rect band;
-    std::int32_t firstGroup;
-};
-
-ShownRows shownRows(const AppState& app) {
-    const WindowLayout& layout = app.layout;
-    if (app.tableTab == 1) {
-        return {rowGrid(layout, kShadowRowsTop, app.shadowScroll), rowClip(layout, kShadowClipTop),
-                kShadowGroup};
-    }
-    return {rowGrid(layout, kAvatarRowsTop, app.avatarScroll), rowClip(layout, kAvatarRowsTop),
-            app.avatarSubTab == 0 ? kReflectionGroup : kRotationGroup};
+// What the rows of the shown table are cut to.
+SDL_Rect rowBand(const AppState& app) {
+    return rowClip(app.layout, app.tableTab == 1 ? kShadowClipTop : kAvatarRowsTop);
 }
 
 }  // namespace
 
 void drawWidgets(const AppState& app) {
     const ShownRows rows = shownRows(app);
+    const SDL_Rect band = rowBand(app);
     for (const Widget& widget : app.widgets) {
         if (widget.group == kTopBarGroup) continue;
         if (widget.group == kLeftPanelGroup) {
             drawLeftButton(app, widget);
         } else if (rightPanelShown(app.layout) && isShownRow(app, widget)) {
-            drawWidget(app, widget, gridCell(rows.grid, widget.group - rows.firstGroup), rows.band);
+            drawWidget(app, widget, gridCell(rows.grid, widget.group - rows.group), band);
         }
     }
 }

@@ -1,5 +1,9 @@
 #include "ui/frame.h"
 
+#include <algorithm>
+
+#include "recorder/panel.h"
+#include "recorder/playback.h"
 #include "ui/draw.h"
 #include "ui/floating_panels.h"
 #include "ui/toolkit/primitives.h"
@@ -42,6 +46,15 @@ void clearWindow(const AppState& app) {
     SDL_RenderClear(app.renderer);
 }
 
+// What moves with time. An export holds the engine's voices: nothing may begin or end one meanwhile.
+void advance(AppState& app, std::uint32_t nowMs) {
+    const float seconds = app.lastFrameMs == 0 ? 0.0f : static_cast<float>(nowMs - app.lastFrameMs) * 0.001f;
+    app.lastFrameMs = nowMs;
+    if (app.exporting) return;
+    tickRecorder(app.recorder, std::min(seconds, 0.1f));
+    walkerTick(app.walker, *app.engine, nowMs);
+}
+
 void drawLeftTabContents(AppState& app) {
     if (!leftPanelShown(app.layout)) return;
     switch (app.viewMode) {
@@ -62,7 +75,7 @@ void drawLeftTabContents(AppState& app) {
 }  // namespace
 
 void composeFrame(AppState& app, std::uint32_t nowMs) {
-    walkerTick(app.walker, *app.engine, nowMs);
+    advance(app, nowMs);
     takeFrameSnapshot(*app.engine, app.scope, app.players.retuner, app.snapshot);
     prepareLayout(app);
     prepareContext(app, nowMs);
@@ -76,10 +89,15 @@ void composeFrame(AppState& app, std::uint32_t nowMs) {
     drawRightPanel(app);
     drawWidgets(app);
     drawRowScrollBar(app);
+    drawRecorder(app.draw, app.recorder, app.layout.recorder);
     drawStatusBar(app);
     drawWelcomeSplash(app.draw, app.splashStart);
+    drawRecorderEdit(app.draw, app.recorder, app.layout.recorder);
     drawFloatingPanels(app);
     drawCalculator(app.draw, app.calculator);
+    drawDroneGhost(app.draw, app.recorder);
+    // Over everything: while it shows, nothing else can be done.
+    if (app.recorder.exportProgress > 0.0f) drawExportOverlay(app, app.recorder.exportProgress);
 }
 
 void renderFrame(AppState& app, std::uint32_t nowMs) {

@@ -89,9 +89,10 @@ AvatarBase avatarBase(double hz, std::int32_t tuningTag) {
 }
 
 std::string shadowSymbol(double hz) {
-    const int aminoAcid = aminoAcidOf(wholeHz(hz));
+    const std::int32_t whole = wholeHz(hz);
+    const int aminoAcid = aminoAcidOf(whole);
     if (aminoAcid != kNoCodon) return aminoAcidName(aminoAcid);
-    return "DR" + std::to_string(digitalRoot(hz));
+    return "DR" + std::to_string(digitalRoot(whole));
 }
 
 double shadowDifference(double hz) {

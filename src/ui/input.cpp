@@ -1,5 +1,6 @@
 #include "ui/input.h"
 
+#include "recorder/panel.h"
 #include "ui/input_steps.h"
 
 namespace veloria {
@@ -46,14 +47,33 @@ PointerEvent pointerEvent(const SDL_Event& event) {
     return pointer;
 }
 
+namespace {
+
+// Only one field is typed into at a time: opening the calculator's closes the recorder's.
+bool calculatorTakes(AppState& app, const SDL_Event& event) {
+    const bool wasEditing = app.calculator.calcEditing;
+    const bool taken = calculatorEvent(app.calculator, event, app.layout.windowW, app.layout.windowH);
+    if (app.calculator.calcEditing && !wasEditing && isEditingRange(app.recorder)) {
+        endRangeEditing(app.recorder);
+        SDL_StartTextInput();
+    }
+    return taken;
+}
+
+}  // namespace
+
 void handleEvent(AppState& app, const SDL_Event& event) {
     if (event.type == SDL_RENDER_DEVICE_RESET) clearTextCache(app.textCache);
     if (!app.sizes.layoutReady) return;
     const PointerEvent pointer = pointerEvent(event);
     // A release is nobody's alone: it goes all the way, so that no drag outlives it.
-    if (calculatorEvent(app.calculator, event, app.layout.windowW, app.layout.windowH)) return;
+    if (calculatorTakes(app, event)) return;
     if (panelsEvent(app, event, pointer)) return;
-    if (splittersEvent(app, pointer)) return;
+    // The clip editor reaches above the recorder, over what lies there.
+    const bool onEditor = recorderEditContains(app.recorder, app.layout.recorder, pointer.x, pointer.y);
+    if (!(pointer.leftDown && onEditor) && splittersEvent(app, pointer)) return;
+    if (recorderEvent(app, event)) return;
+    if (rowDragEvent(app, event, pointer)) return;
     if (fxSlidersEvent(app, pointer)) return;
     if (tuningControlsEvent(app, pointer)) return;
     if (rowWheelEvent(app, event, pointer)) return;

@@ -23,6 +23,12 @@ bool panelsEvent(AppState& app, const SDL_Event& event, const PointerEvent& poin
 // The two gain sliders of the "TUNING" tab and the three splitters.
 bool splittersEvent(AppState& app, const PointerEvent& pointer);
 
+// The recorder's panel and its clip editor.
+bool recorderEvent(AppState& app, const SDL_Event& event);
+
+// A table row that is dragged with the right button onto the recorder.
+bool rowDragEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer);
+
 // The sliders of the "FX" tab.
 bool fxSlidersEvent(AppState& app, const PointerEvent& pointer);
 

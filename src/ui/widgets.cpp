@@ -300,10 +300,18 @@ bool isInertRow(const Widget& widget) {
     return i >= 0 && isConvergence(static_cast<std::uint32_t>(i));
 }
 
+ShownRows shownRows(const AppState& app, int avatarTop) {
+    if (app.tableTab == 1) {
+        return {kShadowGroup, kShadowIndexCount, kShadowRowsTop,
+                rowGrid(app.layout, kShadowRowsTop, app.shadowScroll)};
+    }
+    return {app.avatarSubTab == 0 ? kReflectionGroup : kRotationGroup, kAvatarFamilySize, avatarTop,
+            rowGrid(app.layout, avatarTop, app.avatarScroll)};
+}
+
 bool isShownRow(const AppState& app, const Widget& widget) {
-    if (app.tableTab == 1) return rowIndex(widget, kShadowGroup, kShadowIndexCount) >= 0;
-    const std::int32_t group = app.avatarSubTab == 0 ? kReflectionGroup : kRotationGroup;
-    return rowIndex(widget, group, kAvatarFamilySize) >= 0;
+    const ShownRows shown = shownRows(app);
+    return rowIndex(widget, shown.group, shown.count) >= 0;
 }
 
 }  // namespace veloria

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "ui/layout.h"
+
 namespace veloria {
 
 struct AppState;
@@ -53,6 +55,16 @@ void buildWidgetLists(AppState& app);
 
 // A row of the Shadow table that is an Avatar number: drawn dim, and inert.
 [[nodiscard]] bool isInertRow(const Widget& widget);
+
+// The family that the right panel shows: where its rows stand and how they are numbered.
+struct ShownRows {
+    std::int32_t group;  // of its first row
+    int count;
+    int top;  // pixels; where its first line stands unscrolled
+    GridLayout grid;
+};
+// `avatarTop` is where the Avatar families begin for this caller: kAvatarRowsTop but for right presses.
+[[nodiscard]] ShownRows shownRows(const AppState& app, int avatarTop = kAvatarRowsTop);
 
 // True for a row of the family that the right panel shows now.
 [[nodiscard]] bool isShownRow(const AppState& app, const Widget& widget);

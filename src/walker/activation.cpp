@@ -22,7 +22,7 @@ void setMode(SynthEngine& engine, std::int32_t mode, bool playing) {
     engine.activationMode = mode;
     const bool wasOn = engine.dronesOn;
     stopDrones(engine);
-    if (mode != kActivationOff && (wasOn || playing)) startDrones(engine);
+    if (wasOn || playing) startDrones(engine);
 }
 
 }  // namespace

@@ -21,7 +21,6 @@ enum ActivationMode : std::int32_t {
 
 // How a mode is shown. The counts in a mode line are its fixed text and not those of the mode's triplets.
 struct ActivationRow {
-    const char* button;     // label of the button that sets the mode; empty for none
     const char* panelWord;  // in the activation panel
     const char* modeLine;   // in the walker's status
     Rgba modeLineColour;
@@ -29,11 +28,11 @@ struct ActivationRow {
 
 // Row n is the mode n; nothing of mode 0 is shown.
 inline constexpr std::array<ActivationRow, 5> kActivationRows = {{
-    {"", "", "", {0, 0, 0, 0}},
-    {"", "SINGLE", "Heart: Single (T4)", {255, 100, 140, 220}},
-    {"Heart", "TRIPLE", "Heart: Triple (T4+T20+T109)", {255, 100, 140, 220}},
-    {"Trinity", "TRINITY", "Trinity: H=3 M=3 B=3 U=4", {255, 200, 80, 230}},
-    {"Fibonacci", "FIBONACCI", "Fibonacci: H=6 M=3 B=3 U=5", {100, 220, 255, 230}},
+    {"", "", {0, 0, 0, 0}},
+    {"SINGLE", "Heart: Single (T4)", {255, 100, 140, 220}},
+    {"TRIPLE", "Heart: Triple (T4+T20+T109)", {255, 100, 140, 220}},
+    {"TRINITY", "Trinity: H=3 M=3 B=3 U=4", {255, 200, 80, 230}},
+    {"FIBONACCI", "Fibonacci: H=6 M=3 B=3 U=5", {100, 220, 255, 230}},
 }};
 
 // The row of `mode`; that of mode 0 for a number that is no mode.

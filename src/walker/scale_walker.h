@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 
 #include "engine/synth_engine.h"
 #include "frequency/scale_table.h"

@@ -67,7 +67,7 @@ TEST_F(Notes, WhatCannotBeReadIsOneLineAndStatusOne) {
     write("torn.mid", {'M', 'T', 'h', 'd'});
     const test::ToolResult torn = run("notes torn.mid");
     EXPECT_EQ(torn.status, 1);
-    EXPECT_EQ(torn.err, "veloria-cli: torn.mid: holds no MIDI notes\n");
+    EXPECT_EQ(torn.err, "veloria-cli: torn.mid: holds no MIDI note events\n");
 }
 
 TEST_F(Notes, AFullStandardOutputIsAFailure) {

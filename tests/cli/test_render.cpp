@@ -3,39 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
-#include "media/wav_writer.h"
-#include "tests/cli/run_tool.h"
+#include "cli/render.h"
+#include "tests/cli/tool_wav.h"
 #include "tests/media/midi_bytes.h"
 #include "tests/media/wav_bytes.h"
 
 namespace veloria {
 namespace {
 
-// The frames of a WAV file of the tool, after a check of its header.
-std::vector<std::int16_t> samplesOf(const std::string& path) {
-    const std::string bytes = test::readText(path);
-    if (bytes.size() < 44) return {};
-    EXPECT_EQ(bytes.substr(0, 4), "RIFF");
-    EXPECT_EQ(bytes.substr(36, 4), "data");
-    std::vector<std::int16_t> samples;
-    for (std::size_t i = 44; i + 1 < bytes.size(); i += 2) {
-        samples.push_back(static_cast<std::int16_t>(static_cast<unsigned char>(bytes[i]) |
-                                                    static_cast<unsigned char>(bytes[i + 1]) << 8));
-    }
-    return samples;
-}
-
-// How strong `hz` is in the left side of frames first to last: 1 for a sine of full scale.
-double strengthOf(const std::vector<std::int16_t>& samples, double hz, std::size_t first, std::size_t last) {
-    double re = 0.0;
-    double im = 0.0;
-    for (std::size_t i = first; i < last; ++i) {
-        const double angle = 2.0 * M_PI * hz * static_cast<double>(i) / 44100.0;
-        re += samples[2 * i] * std::cos(angle);
-        im += samples[2 * i] * std::sin(angle);
-    }
-    return 2.0 * std::hypot(re, im) / static_cast<double>(last - first) / 32000.0;
-}
+using test::samplesOf;
+using test::strengthOf;
 
 class Render : public test::ToolTest {
   protected:
@@ -193,6 +170,141 @@ TEST_F(Render, APathWithQuotesAndSpacesWorks) {
     write("a \"b\" c.MID", test::midiFile(480, {track}));
     EXPECT_EQ(run("render 'a \"b\" c.MID' 'x y.wav'").status, 0);
     EXPECT_EQ(samplesOf(path("x y.wav")).size(), 2u * (44100 + 2205));
+}
+
+TEST(FitsWavFile, CountsTheTailToTheWholeFrame) {
+    // 4294967295 bytes less the 36 of the header behind the size field, 4 a frame, less the second behind.
+    const double most = 1073741814.0 - 44100.0;
+    EXPECT_TRUE(cli::fitsWavFile(0.0));
+    EXPECT_TRUE(cli::fitsWavFile(most));
+    EXPECT_FALSE(cli::fitsWavFile(most + 1.0));
+    EXPECT_FALSE(cli::fitsWavFile(1e18));
+}
+
+// Sound files through the retuner and over the drones.
+class RenderRetuned : public Render {
+  protected:
+    // A tone of half full scale at "in.wav"; its samples.
+    std::vector<std::int64_t> tone(double hz, std::size_t count) {
+        std::vector<std::int64_t> samples(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            const double angle = 2.0 * M_PI * hz * static_cast<double>(i) / 44100.0;
+            samples[i] = std::lround(16384.0 * std::sin(angle));
+        }
+        write("in.wav", test::wavFile({}, test::integers(2, samples)));
+        return samples;
+    }
+    std::vector<std::int16_t> render(const std::string& options) {
+        const test::ToolResult result = run("render in.wav out.wav " + options);
+        EXPECT_EQ(result.status, 0) << result.err;
+        return samplesOf(path("out.wav"));
+    }
+};
+
+TEST_F(RenderRetuned, SolfeggioModeBringsTheNoteOntoItsTarget) {
+    tone(523.2511306011972, 2 * 44100);
+    const auto samples = render("--fft solfeggio");
+    EXPECT_NEAR(test::frequencyNear(samples, 528.0, 10000, 22050), 528.0, 0.05);
+    EXPECT_NEAR(strengthOf(samples, 528.0, 10000, 54100), 0.5, 0.005);
+    const auto plain = render("--fft off");
+    EXPECT_NEAR(test::frequencyNear(plain, 523.25, 10000, 22050), 523.2511, 0.01);
+}
+
+TEST_F(RenderRetuned, TheTargetIsChosenByItsFrequency) {
+    tone(391.99543598174927, 2 * 44100);  // G, the note next to 396 Hz
+    EXPECT_NEAR(test::frequencyNear(render("--fft solfeggio --target 396"), 396.0, 10000, 22050), 396.0,
+                0.05);
+    tone(440.0, 2 * 44100);  // A, from which 432 Hz is lower
+    EXPECT_NEAR(test::frequencyNear(render("--fft solfeggio --target 432"), 432.0, 10000, 22050), 432.0,
+                0.05);
+    EXPECT_EQ(run("render in.wav out.wav --target 440").status, 2);
+}
+
+TEST_F(RenderRetuned, WithoutStrengthTheFullModeOnlyDelaysByABlock) {
+    const auto in = tone(1000.0, 30000);
+    const auto samples = render("--fft full --strength 0");
+    for (std::size_t i = 0; i < 2 * 4096; ++i)
+        ASSERT_EQ(samples[i], 0) << i;
+    // From the fourth hop on, each sample is in four blocks.
+    for (std::size_t i = 3072; i < in.size(); ++i) {
+        const double dry = static_cast<double>(in[i]) / 32768.0 * 32000.0;
+        ASSERT_NEAR(samples[2 * (i + 4096)], dry, 16.0) << i;
+        ASSERT_EQ(samples[2 * (i + 4096)], samples[2 * (i + 4096) + 1]) << i;
+    }
+    EXPECT_NE(samples, render("--fft full"));
+    EXPECT_NE(samples, render("--fft full --strength 50"));
+}
+
+TEST_F(RenderRetuned, LastsItsSamplesTheFrameOfItsEndAndASecondInEveryModeThatDoesNotHurry) {
+    tone(600.0, 12345);
+    for (const char* mode : {"--fft off", "--fft full", "--fft peak", "--fft solfeggio --target 258",
+                             "--fft solfeggio --target 432"}) {
+        EXPECT_EQ(render(mode).size(), 2u * (12345 + 1 + 44100)) << mode;
+    }
+    // 528 / 523.25 takes up to 1.0091 samples a frame, and comes out shorter by that.
+    const double frames = static_cast<double>(render("--fft solfeggio").size()) / 2 - 44100;
+    EXPECT_NEAR(frames, 12345 / (528.0 / 523.2511306011972), 8.0);
+}
+
+TEST_F(RenderRetuned, TheTailKeepsWhatIsStillInTheRetuner) {
+    tone(600.0, 20000);
+    for (const char* mode : {"--fft full", "--fft peak"}) {
+        const auto samples = render(mode);
+        double sum = 0.0;
+        for (std::size_t i = 20000; i < 24000; ++i)
+            sum += samples[2 * i] * static_cast<double>(samples[2 * i]);
+        EXPECT_GT(std::sqrt(sum / 4000), 3000.0) << mode;
+        // The last block with any of the file in it ends 4095 + 4096 frames after it.
+        for (std::size_t i = 2 * (20000 + 8192); i < samples.size(); ++i)
+            ASSERT_EQ(samples[i], 0) << mode << " " << i;
+    }
+}
+
+TEST_F(RenderRetuned, TheFullModeMovesAToneToItsTarget) {
+    tone(858 * 44100.0 / 4096, 2 * 44100);  // a bin that goes down by one
+    const auto samples = render("--fft full");
+    const double heard = test::frequencyNear(samples, 857 * 44100.0 / 4096, 20000, 22050);
+    EXPECT_NEAR(heard, 857 * 44100.0 / 4096, 44100.0 / 4096 / 2);
+    EXPECT_LT(strengthOf(samples, 858 * 44100.0 / 4096, 20000, 64100),
+              0.2 * strengthOf(samples, heard, 20000, 64100));  // measured: 0.15
+}
+
+TEST_F(RenderRetuned, DronesSoundUnderAFileFromItsStart) {
+    tone(700.0, 2 * 44100);
+    struct Case {
+        const char* word;
+        bool heart, body;
+    };
+    for (const Case& c : {Case{"off", false, false},
+                          {"heart", true, false},
+                          {"trinity", true, true},
+                          {"fibonacci", true, true}}) {
+        const auto samples = render(std::string("--activation ") + c.word);
+        const auto heard = [&](double hz, std::size_t side) {
+            return strengthOf(samples, hz, 4410, 4410 + 44100, side);
+        };
+        EXPECT_EQ(heard(322, 0) > 0.02, c.heart) << c.word;
+        EXPECT_EQ(heard(325, 1) > 0.02, c.heart) << c.word;
+        EXPECT_EQ(heard(111, 0) > 0.02, c.body) << c.word;
+        EXPECT_EQ(heard(114, 1) > 0.02, c.body) << c.word;
+        // The slow tremolo of the whole leaves traces beside a tone: 3 Hz away, less than a hundredth.
+        EXPECT_LT(heard(325, 0), 0.02 * std::max(heard(322, 0), 0.02)) << c.word;
+        EXPECT_LT(heard(322, 1), 0.02 * std::max(heard(325, 1), 0.02)) << c.word;
+        EXPECT_NEAR(heard(700, 0), 0.5, 0.002) << c.word;
+        EXPECT_NEAR(heard(700, 1), 0.5, 0.002) << c.word;
+    }
+}
+
+TEST_F(Render, DronesSoundUnderAMidiFileFromItsStart) {
+    test::MidiTrack track;
+    track.off(960, 0, 60).endOfTrack();
+    write("rest.mid", test::midiFile(480, {track}));
+    ASSERT_EQ(run("render rest.mid out.wav --activation heart").status, 0);
+    const auto samples = samplesOf(path("out.wav"));
+    ASSERT_EQ(samples.size(), 2u * 44100);
+    EXPECT_GT(strengthOf(samples, 322, 0, 44100, 0), 0.02);
+    EXPECT_GT(strengthOf(samples, 325, 0, 44100, 1), 0.02);
+    EXPECT_LT(strengthOf(samples, 325, 0, 44100, 0), 0.002);
 }
 
 }  // namespace

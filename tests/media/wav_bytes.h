@@ -22,7 +22,7 @@ inline void appendAll(Bytes& bytes, const Bytes& more) {
 }
 
 // Integers of `width` bytes each, or floats.
-inline Bytes integers(int width, std::initializer_list<std::int64_t> values) {
+inline Bytes integers(int width, const std::vector<std::int64_t>& values) {
     Bytes bytes;
     for (const std::int64_t value : values) {
         appendLittleEndian(bytes, static_cast<std::uint64_t>(value), width);

@@ -30,6 +30,17 @@ fail() {
 
 # The picture of the window's part WIDTHxHEIGHT+X+Y, as a digest.
 digest() { import -window "$window" -crop "$1" +repage -depth 8 rgb:- | md5sum; }
+# The digest of a part once it has come to rest: the same twice, a third of a second apart.
+settled() {
+  local last="" now
+  for ((tries = 0; tries < 60; ++tries)); do
+    now="$(digest "$1")"
+    [ "$now" != "$last" ] || break
+    last="$now"
+    sleep 0.35
+  done
+  printf '%s' "$now"
+}
 picture() { import -window "$window" "$pictures/$1.png"; }
 changed() { [ "$(digest "$1")" != "$2" ]; }
 same() { [ "$(digest "$1")" = "$2" ]; }
@@ -56,8 +67,8 @@ await geometry WIDTH=1280 || fail "the window is not 1280 wide"
 status="600x28+0+691"   # the status bar's text
 name="300x20+790+6"     # the file's name in the top bar
 sleep 7.5 # the welcome dims the whole window and fades for seven seconds
-quiet="$(digest "$status")"
-unnamed="$(digest "$name")"
+quiet="$(settled "$status")"
+unnamed="$(settled "$name")"
 
 click_at 580 16 # LOAD MUSIC FILE
 await find_window "Select Music File" || fail "no file chooser"
@@ -68,8 +79,7 @@ xdotool key Return
 await no_window "Select Music File" || fail "the chooser stayed open"
 await changed "$name" "$unnamed" || fail "the file's name is not shown"
 await changed "$status" "$quiet" || fail "the status bar does not show the file"
-sleep 0.3
-loaded="$(digest "$status")"
+loaded="$(settled "$status")"
 
 click_at 724 16 # PLAY
 await changed "$status" "$loaded" || fail "no voices are counted"

@@ -3,10 +3,12 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <numbers>
 
 #include "engine/audio_lock.h"
 #include "engine/control.h"
@@ -97,13 +99,48 @@ class AudioThread : public ::testing::Test {
             track.off(10, i % 16, 30 + i);
         return write("song.mid", test::midiFile(480, {track.endOfTrack()}));
     }
-    std::string wavPath() const {
+    // A chord whose upper tones lie in bins, 599 and 858, that the retuner moves: most it leaves alone.
+    std::string wavPath(int samples = 100000) const {
+        constexpr double kTurn = 2.0 * std::numbers::pi / 4096.0;
         test::Bytes data;
-        for (int i = 0; i < 100000; ++i) {
-            test::appendLittleEndian(
-                data, static_cast<std::uint64_t>(static_cast<std::int64_t>(8000 * std::sin(0.05 * i))), 2);
+        for (int i = 0; i < samples; ++i) {
+            const double x = std::sin(0.05 * i) + std::sin(kTurn * 599 * i) + std::sin(kTurn * 858 * i);
+            test::appendLittleEndian(data, static_cast<std::uint64_t>(static_cast<std::int64_t>(5000 * x)),
+                                     2);
         }
         return write("song.wav", test::wavFile({}, data));
+    }
+    // The retuner's report under the lock; every row must tell one bin of the tables.
+    RetunerReport checkedReport() {
+        const SacredFft& retuner = instrument->retuner;
+        RetunerReport copy;
+        {
+            const AudioLock lock;
+            copy = report(retuner);
+        }
+        EXPECT_GE(copy.peakCount, 0);
+        EXPECT_LE(copy.peakCount, 8);
+        for (std::int32_t i = 0; i < std::min(copy.peakCount, 8); ++i) {
+            const PeakEntry& row = copy.peaks[static_cast<std::size_t>(i)];
+            const auto bin = static_cast<std::size_t>(std::lround(row.sourceHz * 4096.0 / 44100.0));
+            EXPECT_GE(bin, 2u);
+            EXPECT_LE(bin, 2046u);
+            EXPECT_EQ(row.targetHz,
+                      static_cast<float>(retuner.binTargetHz[std::min<std::size_t>(bin, 2046)]));
+            EXPECT_EQ(row.harmonic, retuner.binHarmonic[std::min<std::size_t>(bin, 2046)]);
+            EXPECT_GT(row.level, 0.0f);
+            EXPECT_LE(row.level, 1.0f);
+        }
+        return copy;
+    }
+    // Chooses a mode as the buttons do, and forgets what the blocks before it told.
+    void chooseMode(std::int32_t mode) {
+        SacredFft& retuner = instrument->retuner;
+        const AudioLock lock;
+        retuner.SetMode(mode);
+        retuner.peakCount = 0;
+        retuner.peaksFound = 0;
+        retuner.binsShifted = 0;
     }
     MediaPlayers players() {
         return {instrument->engine, instrument->midi, instrument->pcm, instrument->retuner};
@@ -159,8 +196,12 @@ TEST_F(AudioThread, SettingsAndGainsChangeWhileItRenders) {
 TEST_F(AudioThread, ASnapshotIsTakenWhileItRenders) {
     SynthEngine& engine = instrument->engine;
     EngineSnapshot snapshot;
+    loadMedia(instrument->transport, players(), wavPath());
+    playMedia(instrument->transport, players());
+    chooseMode(kModeFull);
     for (std::uint32_t i = 0; i < 200; ++i) {
         toggleShadow(engine, i);
+        if (i % 16 == 0) awaitCallbacks(1);
         reserveSnapshot(engine, snapshot);
         const AudioLock lock;
         copySnapshot(engine, snapshot);
@@ -170,6 +211,10 @@ TEST_F(AudioThread, ASnapshotIsTakenWhileItRenders) {
         EXPECT_LT(scope.write, kScopeBufferSize);
     }
     EXPECT_EQ(snapshot.voices.size(), 200u);
+    // Thirteen callbacks at the least: a block was made, and its rows came through.
+    const RetunerReport last = checkedReport();
+    EXPECT_GT(last.peakCount, 0);
+    EXPECT_GT(last.binsShifted, 0);
 }
 
 TEST_F(AudioThread, FilesAreLoadedPlayedStoppedAndResetWhileItRenders) {
@@ -193,25 +238,44 @@ TEST_F(AudioThread, FilesAreLoadedPlayedStoppedAndResetWhileItRenders) {
 }
 
 TEST_F(AudioThread, TheRetunerIsSwitchedBetweenAllModesWhileAFilePlays) {
+    // A mode must be held for longer than the 8 callbacks that fill the first block of 4096 samples.
+    constexpr int kHold = 12;
+    constexpr int kRounds = 5;
     SacredFft& retuner = instrument->retuner;
-    loadMedia(instrument->transport, players(), wavPath());
+    loadMedia(instrument->transport, players(), wavPath(20 * kSampleRate));
     playMedia(instrument->transport, players());
-    for (int round = 0; round < 60; ++round) {
-        {
-            const AudioLock lock;
-            retuner.SetMode(round % 4);
+    int rowsSeen = 0;
+    int peaksFound = 0;
+    int binsShifted = 0;
+    int turn = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        for (const std::int32_t mode : {kModeFull, kModePeak, kModeSolfeggio, kModeFull, kModeOff}) {
+            chooseMode(mode);
+            RetunerReport last{};
+            for (int i = 0; i < (mode == kModeOff ? 2 : kHold); ++i, ++turn) {
+                retuner.strength = (turn * 17) % 101;
+                retuner.targetIndex = turn % 13;
+                awaitCallbacks(1);
+                last = checkedReport();
+                rowsSeen += last.peakCount;
+                peaksFound += last.peaksFound;
+                binsShifted += last.binsShifted;
+            }
+            EXPECT_EQ(last.mode, mode);
+            const bool blocks = mode == kModeFull || mode == kModePeak;
+            EXPECT_EQ(last.peakCount > 0, blocks) << "mode " << mode << ", round " << round;
+            EXPECT_EQ(last.peaksFound > 0, mode == kModePeak) << "mode " << mode << ", round " << round;
+            EXPECT_EQ(last.binsShifted > 0, blocks) << "mode " << mode << ", round " << round;
         }
-        if (round % 8 == 5) setModeOff(retuner);
-        retuner.strength = (round * 17) % 101;
-        retuner.targetIndex = round % 13;
+        // The button "off" takes no lock.
+        chooseMode(kModeFull);
         awaitCallbacks(1);
-        const AudioLock lock;
-        const RetunerReport peaks = report(retuner);
-        ASSERT_GE(peaks.peakCount, 0);
-        for (int row = 0; row < peaks.peakCount; ++row) {
-            EXPECT_GE(peaks.peaks[static_cast<std::size_t>(row)].level, 0.0f);
-        }
+        setModeOff(retuner);
     }
+    EXPECT_TRUE(instrument->pcm.playing) << "the file was too short for the test";
+    EXPECT_GT(rowsSeen, 3 * kRounds);
+    EXPECT_GT(peaksFound, kRounds);
+    EXPECT_GT(binsShifted, 2 * kRounds);
 }
 
 }  // namespace

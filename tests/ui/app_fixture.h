@@ -22,6 +22,7 @@ class AppTest : public testing::Test {
         openFonts(app.fonts);
         fillSolfeggioRatio(*retuner);
         buildWidgetLists(app);
+        app.recorder.engine = &engine;
         moveMouse(-1, -1);
         resize(w, h);
         takeSnapshot();

@@ -129,19 +129,18 @@ TEST(ActivationDrones, TurningOffWithoutDronesLeavesOtherVoicesAlone) {
     EXPECT_EQ(lastingDrones(engine), (std::multiset<double>{322}));
 }
 
-TEST(ActivationTexts, PanelWordModeLineAndButtonOfEachMode) {
+TEST(ActivationTexts, PanelWordAndModeLineOfEachMode) {
     struct Row {
-        const char *button, *word, *line;
+        const char *word, *line;
         Rgba colour;
     };
-    const Row rows[] = {{"", "", "", {0, 0, 0, 0}},
-                        {"", "SINGLE", "Heart: Single (T4)", {255, 100, 140, 220}},
-                        {"Heart", "TRIPLE", "Heart: Triple (T4+T20+T109)", {255, 100, 140, 220}},
-                        {"Trinity", "TRINITY", "Trinity: H=3 M=3 B=3 U=4", {255, 200, 80, 230}},
-                        {"Fibonacci", "FIBONACCI", "Fibonacci: H=6 M=3 B=3 U=5", {100, 220, 255, 230}}};
+    const Row rows[] = {{"", "", {0, 0, 0, 0}},
+                        {"SINGLE", "Heart: Single (T4)", {255, 100, 140, 220}},
+                        {"TRIPLE", "Heart: Triple (T4+T20+T109)", {255, 100, 140, 220}},
+                        {"TRINITY", "Trinity: H=3 M=3 B=3 U=4", {255, 200, 80, 230}},
+                        {"FIBONACCI", "Fibonacci: H=6 M=3 B=3 U=5", {100, 220, 255, 230}}};
     for (std::int32_t mode = 0; mode <= 4; ++mode) {
         const ActivationRow& row = activationRow(mode);
-        EXPECT_STREQ(row.button, rows[mode].button);
         EXPECT_STREQ(row.panelWord, rows[mode].word);
         EXPECT_STREQ(row.modeLine, rows[mode].line);
         EXPECT_EQ(row.modeLineColour, rows[mode].colour) << mode;

@@ -1,24 +1,11 @@
 #include "ui/toolkit/color.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace veloria {
 
 namespace {
-
-struct BandColor {
-    double upToHz;
-    SDL_Color color;
-};
-constexpr std::array<BandColor, 4> kBandColors = {{
-    {4.0, {100, 160, 255, 230}},
-    {8.0, {160, 100, 255, 230}},
-    {13.0, {100, 255, 160, 230}},
-    {30.0, {255, 200, 80, 230}},
-}};
-constexpr SDL_Color kHighestBandColor{255, 100, 100, 230};
 
 Uint8 toByte(int value) {
     return static_cast<Uint8>(std::clamp(value, 0, 255));
@@ -61,13 +48,6 @@ SDL_Color hslToRgb(float hue, float saturation, float lightness) {
         default:
             return {c, zero, x, 255};
     }
-}
-
-SDL_Color SelectBandColor(double beatHz) {
-    for (const BandColor& band : kBandColors) {
-        if (beatHz <= band.upToHz) return band.color;
-    }
-    return kHighestBandColor;
 }
 
 }  // namespace veloria

@@ -15,7 +15,4 @@ namespace veloria {
 // channel truncated; alpha 255.
 [[nodiscard]] SDL_Color hslToRgb(float hue, float saturation, float lightness);
 
-// The colour of a binaural beat by its band.
-[[nodiscard]] SDL_Color SelectBandColor(double beatHz);
-
 }  // namespace veloria

@@ -67,19 +67,5 @@ TEST(Color, EveryHueAgreesWithTheConversionWithoutSextants) {
     }
 }
 
-TEST(Color, ABeatTakesTheColourOfItsBandUpToItsUpperEnd) {
-    const auto above = [](double hz) { return std::nextafter(hz, 1e9); };
-    EXPECT_EQ(SelectBandColor(0.0), (SDL_Color{100, 160, 255, 230}));
-    EXPECT_EQ(SelectBandColor(4.0), (SDL_Color{100, 160, 255, 230}));
-    EXPECT_EQ(SelectBandColor(above(4.0)), (SDL_Color{160, 100, 255, 230}));
-    EXPECT_EQ(SelectBandColor(8.0), (SDL_Color{160, 100, 255, 230}));
-    EXPECT_EQ(SelectBandColor(above(8.0)), (SDL_Color{100, 255, 160, 230}));
-    EXPECT_EQ(SelectBandColor(13.0), (SDL_Color{100, 255, 160, 230}));
-    EXPECT_EQ(SelectBandColor(above(13.0)), (SDL_Color{255, 200, 80, 230}));
-    EXPECT_EQ(SelectBandColor(30.0), (SDL_Color{255, 200, 80, 230}));
-    EXPECT_EQ(SelectBandColor(above(30.0)), (SDL_Color{255, 100, 100, 230}));
-    EXPECT_EQ(SelectBandColor(1e6), (SDL_Color{255, 100, 100, 230}));
-}
-
 }  // namespace
 }  // namespace veloria

@@ -1,0 +1,15 @@
+#include "cli/obj.h"
+
+#include <string>
+
+#include "cli/output.h"
+#include "views/obj_export.h"
+
+namespace veloria::cli {
+
+int runObj(const Options& options) {
+    const std::string& path = options.files[0];
+    return makeOutput(path, [&] { return exportKatharaObj(path, options.teslaCoordinates); });
+}
+
+}  // namespace veloria::cli

@@ -1,0 +1,144 @@
+// Where the recorder and the rest of the window meet.
+#include <gtest/gtest.h>
+
+#include "recorder/clips.h"
+#include "recorder/panel.h"
+#include "recorder/playback.h"
+#include "tests/ui/events.h"
+
+namespace veloria {
+namespace {
+
+class RecorderInputTest : public test::InputTest {
+  protected:
+    // The middle of a channel's row, at `x`.
+    SDL_Point onRow(int channel, int x) const { return {x, app.layout.recorder.y + 68 + 34 * channel + 17}; }
+    void drag(int fromX, int fromY, SDL_Point to) {
+        down(fromX, fromY, SDL_BUTTON_RIGHT);
+        move(to.x, to.y);
+        up(to.x, to.y, SDL_BUTTON_RIGHT);
+    }
+    const RecorderClip& onlyClip() const {
+        EXPECT_EQ(app.recorder.clipCount, 1);
+        return app.recorder.clips.begin()->second.begin()->second.front();
+    }
+};
+
+TEST_F(RecorderInputTest, ARowDraggedWithTheRightButtonBecomesAClip) {
+    engine.waveform = 2;
+    engine.bassFilter = true;
+    const SDL_Rect cell = gridCell(rowGrid(app.layout, kAvatarRowsTop, 0), 3);
+    drag(cell.x + 20, cell.y + 20, onRow(1, 300));
+    const RecorderClip& clip = onlyClip();
+    EXPECT_EQ(app.recorder.clips.begin()->first, 1);
+    EXPECT_EQ(clip.label, "162 Reflect");
+    EXPECT_EQ(clip.sourceKind, 6);
+    EXPECT_EQ(clip.sourceIndex, 3);
+    EXPECT_EQ(clip.pan, 0.0f);
+    EXPECT_EQ(clip.gainInDb, -6.0f);
+    EXPECT_EQ(clip.overrides.waveform, 2);
+    EXPECT_EQ(clip.overrides.fibonacciCount, 2);
+    EXPECT_TRUE(clip.bassFilter);
+    EXPECT_NEAR(clip.end - clip.start, 2.0, 1e-9);
+    EXPECT_FALSE(app.recorder.droneDragging);
+}
+
+TEST_F(RecorderInputTest, RightPressesMeasureAvatarRowsFourPixelsLower) {
+    const SDL_Rect cell = gridCell(rowGrid(app.layout, kAvatarRowsTop, 0), 0);
+    down(cell.x + 20, cell.y + 2, SDL_BUTTON_RIGHT);
+    EXPECT_FALSE(app.recorder.droneDragging);
+    down(cell.x + 20, cell.y + 41, SDL_BUTTON_RIGHT);
+    EXPECT_TRUE(app.recorder.droneDragging);
+    EXPECT_EQ(app.recorder.droneLabel, "152 Reflect");
+}
+
+TEST_F(RecorderInputTest, RotationAndShadowRowsBringTheirKindAndFrequency) {
+    app.avatarSubTab = 1;
+    SDL_Rect cell = gridCell(rowGrid(app.layout, kAvatarRowsTop, 0), 2);
+    down(cell.x + 20, cell.y + 20, SDL_BUTTON_RIGHT);
+    EXPECT_EQ(app.recorder.droneKind, 7);
+    EXPECT_EQ(app.recorder.droneFrequency, 512.0);
+    up(0, 0, SDL_BUTTON_RIGHT);
+    app.tableTab = 1;
+    cell = gridCell(rowGrid(app.layout, kShadowRowsTop, 0), 3);
+    down(cell.x + 20, cell.y + 1, SDL_BUTTON_RIGHT);
+    EXPECT_EQ(app.recorder.droneKind, 8);
+    EXPECT_EQ(app.recorder.droneFrequency, 114.0);
+    up(0, 0, SDL_BUTTON_RIGHT);
+    cell = gridCell(rowGrid(app.layout, kShadowRowsTop, 0), 10);  // an Avatar number: inert
+    down(cell.x + 20, cell.y + 20, SDL_BUTTON_RIGHT);
+    EXPECT_FALSE(app.recorder.droneDragging);
+    EXPECT_EQ(app.recorder.clipCount, 0);
+}
+
+TEST_F(RecorderInputTest, ADropOutsideTheTimelineAddsNothing) {
+    const SDL_Rect cell = gridCell(rowGrid(app.layout, kAvatarRowsTop, 0), 0);
+    drag(cell.x + 20, cell.y + 20, {640, 100});
+    EXPECT_EQ(app.recorder.clipCount, 0);
+    EXPECT_FALSE(app.recorder.droneDragging);
+}
+
+TEST_F(RecorderInputTest, TheRecordersKeysReachItBeforeTheWindows) {
+    addClip(app.recorder, 0, 440.0, {});
+    selectAll(app.recorder);
+    key(SDLK_DELETE);
+    EXPECT_EQ(app.recorder.clipCount, 0);
+    key(SDLK_f);
+    EXPECT_TRUE(engine.bassFilter);
+}
+
+TEST_F(RecorderInputTest, OnlyOneFieldIsTypedIntoAtATime) {
+    const SDL_Rect& area = app.layout.recorder;
+    click(area.x + 140, area.y + 34);  // the range's start
+    ASSERT_TRUE(isEditingRange(app.recorder));
+    key(SDLK_f);
+    EXPECT_FALSE(engine.bassFilter);
+    toggleCalculator(app.calculator);
+    frame();
+    click(app.calculator.calcRect.x + 50, app.calculator.calcRect.y + 40);
+    EXPECT_TRUE(app.calculator.calcEditing);
+    EXPECT_FALSE(isEditingRange(app.recorder));
+    click(area.x + 230, area.y + 34);  // the range's end
+    EXPECT_TRUE(isEditingRange(app.recorder));
+    EXPECT_FALSE(app.calculator.calcEditing);
+}
+
+TEST_F(RecorderInputTest, ThePanelTakesItsClicksFromWhatLiesBeneath) {
+    app.viewMode = kFxTab;
+    frame();
+    click(100, 376);  // "OCTAVE PHI" would lie here, were the recorder not over it
+    EXPECT_EQ(engine.phiSteps, 0);
+}
+
+TEST_F(RecorderInputTest, AFrameMovesThePlayheadByTheTimeSinceTheLast) {
+    togglePlayback(app.recorder);
+    frame(200000);
+    const double start = app.recorder.playhead;
+    frame(200050);
+    EXPECT_NEAR(app.recorder.playhead - start, 0.05, 1e-6);
+    frame(210000);  // a stall counts as a tenth of a second
+    EXPECT_NEAR(app.recorder.playhead - start, 0.15, 1e-6);
+}
+
+TEST_F(RecorderInputTest, WhileAnExportRendersNothingBeginsOrEndsAVoice) {
+    togglePlayback(app.recorder);
+    walkerStart(app.walker, engine, 200000);
+    app.exporting = true;
+    frame(201000);
+    frame(202000);
+    EXPECT_EQ(app.recorder.playhead, 0.0);
+    EXPECT_TRUE(engine.voices.empty());
+    app.exporting = false;
+    frame(202050);
+    EXPECT_FALSE(engine.voices.empty());
+}
+
+TEST_F(RecorderInputTest, TheExportsProgressLiesOverEverything) {
+    app.recorder.exportProgress = 0.5f;
+    frame();
+    EXPECT_EQ(at(640 - 159, 360 - 23).a, 255);
+    EXPECT_NEAR(at(640 - 150, 360 - 20).r, 12, 6);
+}
+
+}  // namespace
+}  // namespace veloria
