@@ -1,7 +1,6 @@
 #include "recorder/panel_editor.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 
 #include "recorder/clips.h"

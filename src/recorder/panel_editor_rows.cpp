@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 #include "recorder/clips.h"
@@ -17,7 +17,7 @@ constexpr std::int32_t kLowestSteps = -4;  // the engine's own sliders end at 3
 constexpr double kPercentRange = 100.0;
 
 std::int32_t nearest(double value) {
-    return static_cast<std::int32_t>(value + 0.5);
+    return static_cast<std::int32_t>(std::floor(value + 0.5));
 }
 
 template <float RecorderClip::*field>

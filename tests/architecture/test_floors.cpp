@@ -2,10 +2,10 @@
 // one.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -59,9 +59,20 @@ std::string folderOf(const std::string& path) {
 
 // The path that a line includes, whichever way it is written; empty for any other line.
 std::string includedPath(const std::string& line) {
-    static const std::regex pattern(R"(^\s*#\s*include\s*["<]([^">]+)[">])");
-    std::smatch match;
-    return std::regex_search(line, match, pattern) ? match[1].str() : std::string();
+    const auto skipBlanks = [&line](std::size_t from) {
+        return std::min(line.find_first_not_of(" \t", from), line.size());
+    };
+    const auto skipText = [&line](std::size_t from, const std::string& text) {
+        return line.compare(from, text.size(), text) == 0 ? from + text.size() : std::string::npos;
+    };
+    std::size_t place = skipText(skipBlanks(0), "#");
+    if (place == std::string::npos) return {};
+    place = skipText(skipBlanks(place), "include");
+    if (place == std::string::npos) return {};
+    place = skipBlanks(place);
+    if (place >= line.size() || (line[place] != '"' && line[place] != '<')) return {};
+    const std::size_t end = line.find_first_of("\">", place + 1);
+    return end == std::string::npos ? std::string() : line.substr(place + 1, end - place - 1);
 }
 
 // What a file includes of src/.
