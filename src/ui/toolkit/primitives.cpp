@@ -17,7 +17,8 @@ void setColor(SDL_Renderer* renderer, SDL_Color color, SDL_BlendMode blend) {
 
 void fillRect(SDL_Renderer* renderer, const SDL_Rect& rect, SDL_Color color, SDL_BlendMode blend) {
     if (rect.w <= 0 || rect.h <= 0) return;
-    // An opaque colour covers what is there: the same pixels, many times faster where the processor draws them.
+    // An opaque colour covers what is there: the same pixels, many times faster where the processor draws
+    // them.
     const bool covers = blend == SDL_BLENDMODE_BLEND && color.a == SDL_ALPHA_OPAQUE;
     setColor(renderer, color, covers ? SDL_BLENDMODE_NONE : blend);
     SDL_RenderFillRect(renderer, &rect);
