@@ -70,8 +70,24 @@ await no_window "Select Music File"
 click_at 724 16
 sleep 1
 picture tuning_720
-tab 3
-picture voices_720
+cp "$folder/tuning_720.png" "$folder/veloria.png" # the one that the README shows
+for state in 1:wave 2:fx 3:voices 4:viz 5:sys; do
+  tab "${state%%:*}"
+  picture "${state#*:}_720"
+done
+click_at 1180 72 # ROTATION
+picture rotation_720
+click_at 980 72
+click_at 207 675 # CALC
+tab 4
+click_at 100 306 # SCOPE
+picture calculator_over_scope_720
+click_at 598 61  # maximised
+picture scope_maximised_720
+click_at 1258 11
+click_at 598 61
+click_at 629 131 # the calculator's close box
+click_at 638 61  # the scope's
 
 resize 1920 1080
 # The recorder's upper edge down, so that every tab is seen whole.

@@ -63,7 +63,7 @@ bool writeWavFile(const std::string& path, std::span<const std::int16_t> samples
     const auto dataSize = static_cast<std::uint32_t>(samples.size() * sizeof(std::int16_t));
     const Header header = makeHeader(dataSize);
     bool written = std::fwrite(header.data(), 1, header.size(), file.get()) == header.size();
-    written = std::fwrite(samples.data(), 1, dataSize, file.get()) == dataSize && written;
+    if (dataSize > 0) written = std::fwrite(samples.data(), 1, dataSize, file.get()) == dataSize && written;
     // A full disk often shows only when the last buffer goes out.
     return std::fclose(file.release()) == 0 && written;
 }

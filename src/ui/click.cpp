@@ -19,7 +19,7 @@ void loadMusicFile(AppState& app) {
     const std::size_t slash = path.find_last_of("\\/");
     app.transport.fileLabel =
         platform::displayText(slash == std::string::npos ? path : path.substr(slash + 1));
-    app.onLoadFile(path);
+    if (app.onLoadFile) app.onLoadFile(path);
 }
 
 void clickTopBar(AppState& app, int x, int y) {

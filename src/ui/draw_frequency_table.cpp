@@ -135,7 +135,7 @@ int drawPairs(const AppState& app, const std::vector<BinauralPair>& pairs, int y
         const std::string text = formatText("L:%.0f R:%.0f = ", pair.left, pair.right) +
                                  fixedText(static_cast<double>(pair.beatHz), 1) + "Hz " +
                                  bandName(pair.beatHz);
-        DrawText(app.draw, text, kIndentedX, y, font, SelectBandColor(static_cast<float>(pair.beatHz)));
+        DrawText(app.draw, text, kIndentedX, y, font, SelectBandColor(pair.beatHz));
         y += kPairPitch;
     }
     return y + kGap;

@@ -13,7 +13,6 @@ namespace veloria {
 
 namespace {
 
-constexpr int kMinimumWidth = 60;  // a panel no wider than this shows nothing of the tab
 constexpr int kKnobAlpha = 240;
 constexpr int kKnobWidth = 8;
 constexpr int kKnobHeight = 12;
@@ -109,7 +108,7 @@ void drawGain(const AppState& app, const GainLook& look, const SDL_Rect& track, 
 }  // namespace
 
 void drawTuningTab(AppState& app) {
-    if (app.layout.leftWidth <= kMinimumWidth) return;
+    if (app.layout.leftWidth <= kMinimumTuning) return;
     const ClipGuard clip(app.renderer, leftPanelClip(app.layout));
     const TuningLayout tuning = tuningLayout(app.layout);
     DrawText(app.draw, "SACRED FFT (WAV)", kTextX, 136, app.fonts.fontLabel, {100, 180, 220, 180});

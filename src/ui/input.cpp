@@ -6,15 +6,11 @@
 namespace veloria {
 
 bool pollEvents(AppState& app) {
-    bool running = true;
     for (SDL_Event event; SDL_PollEvent(&event) != 0;) {
-        if (event.type == SDL_QUIT) {
-            running = false;
-        } else {
-            handleEvent(app, event);
-        }
+        if (event.type == SDL_QUIT) return false;
+        handleEvent(app, event);
     }
-    return running;
+    return true;
 }
 
 PointerEvent pointerEvent(const SDL_Event& event) {

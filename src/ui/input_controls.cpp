@@ -16,7 +16,7 @@ float alongTrack(const SDL_Rect& track, int x) {
 
 // The controls of the "TUNING" tab take presses only where they are seen.
 bool tuningTabTakes(const AppState& app, const SDL_Rect& hit, int y) {
-    return !isEmpty(hit) && app.viewMode == kTuningTab && app.layout.leftWidth > 60 &&
+    return !isEmpty(hit) && app.viewMode == kTuningTab && app.layout.leftWidth > kMinimumTuning &&
            y < app.layout.contentBottom;
 }
 
@@ -123,7 +123,9 @@ void setStrength(AppState& app, int x) {
 
 void setSpeed(AppState& app, int x) {
     const float place = alongTrack(tuningLayout(app.layout).speed, x);
-    setWalkerSpeed(app.walker, static_cast<std::int32_t>(place * 970.0f) + 30);
+    setWalkerSpeed(
+        app.walker,
+        static_cast<std::int32_t>(place * static_cast<float>(kMaxStepMs - kMinStepMs)) + kMinStepMs);
 }
 
 bool pressSelector(AppState& app, const PointerEvent& p) {

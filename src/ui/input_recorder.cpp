@@ -76,8 +76,9 @@ bool recorderEvent(AppState& app, const SDL_Event& event) {
 }
 
 bool rowDragEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer) {
-    const bool right = event.button.button == SDL_BUTTON_RIGHT;
-    if (event.type == SDL_MOUSEBUTTONDOWN && right) {
+    const bool button = event.type == SDL_MOUSEBUTTONDOWN || event.type == SDL_MOUSEBUTTONUP;
+    const bool right = button && event.button.button == SDL_BUTTON_RIGHT;
+    if (right && event.type == SDL_MOUSEBUTTONDOWN) {
         const Widget* row = rowUnder(app, pointer.x, pointer.y);
         if (row == nullptr) return false;
         const DraggedRow dragged = draggedRow(app, *row);
@@ -90,7 +91,7 @@ bool rowDragEvent(AppState& app, const SDL_Event& event, const PointerEvent& poi
         setDragMouse(app.recorder, pointer.x, pointer.y);
         return true;
     }
-    if (event.type == SDL_MOUSEBUTTONUP && right) {
+    if (right) {
         dropDrone(app.recorder, pointer.x, pointer.y, app.layout.recorder, clipTemplate(*app.engine));
         return true;
     }

@@ -216,7 +216,7 @@ int maxRowScroll(const WindowLayout& layout, int rows) {
 
 TuningLayout tuningLayout(const WindowLayout& layout) {
     TuningLayout tuning;
-    if (layout.leftWidth <= 60) return tuning;
+    if (layout.leftWidth <= kMinimumTuning) return tuning;
     const int buttons = leftButtonWidth(layout);
     // At full width the box is five pixels wider than the rule gives, so that its edge is flush with the
     // buttons.

@@ -17,6 +17,7 @@ inline constexpr int kTabHeight = 28;
 inline constexpr int kTabCount = 6;
 inline constexpr int kMinimumCentre = 60;  // a centre view no wider or higher than this is not drawn
 inline constexpr int kMinimumPanel = 10;   // nor a side panel no wider than this
+inline constexpr int kMinimumTuning = 60;  // a left panel no wider than this has no "TUNING" controls
 
 // What the splitters change; everything else follows from these and the window's size. A resized window
 // changes none of them.

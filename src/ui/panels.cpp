@@ -31,10 +31,21 @@ void raisePanel(FloatingPanels& panels, int id) {
     if (place != panels.panelStack.end()) std::rotate(panels.panelStack.begin(), place, place + 1);
 }
 
+void closePanel(FloatingPanels& panels, int id) {
+    PanelState& panel = panels.panels[static_cast<std::size_t>(id)];
+    panel.open = false;
+    panel.maximised = false;
+    panel.dragging = false;
+}
+
 void togglePanel(FloatingPanels& panels, int id) {
     PanelState& panel = panels.panels[static_cast<std::size_t>(id)];
-    panel.open = !panel.open;
-    if (panel.open) raisePanel(panels, id);
+    if (panel.open) {
+        closePanel(panels, id);
+        return;
+    }
+    panel.open = true;
+    raisePanel(panels, id);
 }
 
 int panelAt(const FloatingPanels& panels, int windowW, int windowH, int x, int y) {

@@ -29,6 +29,9 @@ struct FloatingPanels {
 // Moves a panel to the front; the others keep their order.
 void raisePanel(FloatingPanels& panels, int id);
 
+// Closes a panel: it is no longer maximised, nor held.
+void closePanel(FloatingPanels& panels, int id);
+
 // Opens a panel in front of the others, or closes it.
 void togglePanel(FloatingPanels& panels, int id);
 

@@ -57,7 +57,7 @@ bool isSpectrumOpen(const AppState& app) {
 template <std::int32_t palette>
 void toggleSpectrum(AppState& app) {
     if (isSpectrumOpen<palette>(app)) {
-        app.panels.panels[kSpectrumPanel].open = false;
+        closePanel(app.panels, kSpectrumPanel);
         return;
     }
     app.spectrumPalette = palette;
@@ -194,7 +194,7 @@ std::vector<std::uint32_t> ascending(std::uint32_t count, FrequencyOf frequencyO
 // One of the two Avatar families.
 struct AvatarFamily {
     double (*frequencyOf)(std::uint32_t);
-    const char* format;
+    const char* word;
     std::int32_t group;
     float hueOffset;
     float saturation;
@@ -206,7 +206,7 @@ void addAvatarRows(AppState& app, const AvatarFamily& family) {
     for (const std::uint32_t index : ascending(kAvatarFamilySize, family.frequencyOf)) {
         const double hz = family.frequencyOf(index);
         Widget widget;
-        widget.label = formatText("%.0f %s", hz, family.format);
+        widget.label = formatText("%.0f %s", hz, family.word);
         widget.detail = formatText("%.0f Hz | DR%d", hz, digitalRoot(hz));
         widget.color = goldenHue(n++, family.hueOffset, family.saturation, 0.4f);
         widget.group = family.group + static_cast<std::int32_t>(index);

@@ -39,6 +39,13 @@ TEST(WavWriter, WritesTheHeaderByteForByte) {
     std::filesystem::remove(path);
 }
 
+TEST(WavWriter, NoSamplesAreAFileOfAHeaderAlone) {
+    const std::string path = ::testing::TempDir() + "veloria_empty.wav";
+    ASSERT_TRUE(writeWavFile(path, {}));
+    EXPECT_EQ(std::filesystem::file_size(path), 44u);
+    std::filesystem::remove(path);
+}
+
 TEST(WavWriter, WhatItWritesTheReaderReads) {
     const std::string path = ::testing::TempDir() + "veloria_round_trip.wav";
     ASSERT_TRUE(writeWavFile(path, std::vector<std::int16_t>{16384, 0, -8192, -8192}));

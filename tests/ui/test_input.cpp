@@ -23,7 +23,7 @@ class Input : public test::InputTest {
 
 TEST_F(Input, BeforeTheFirstLayoutNothingIsTaken) {
     app.sizes.layoutReady = false;
-    click(33, 40);
+    click(100, 40);
     key(SDLK_w);
     EXPECT_EQ(app.viewMode, kTuningTab);
     EXPECT_EQ(engine.waveform, 0);
@@ -464,15 +464,112 @@ TEST_F(Input, PanelsAreDraggedResizedAndMaximised) {
 
 TEST_F(Input, AnInertBodyLetsClicksThroughOnlyOverTheSidePanels) {
     panel(kScopePanel).open = true;  // x 50 to 650, y 50 to 270: over the left panel and the centre
-    click(100, 110);                 // "Sacred Optimizer" lies beneath
-    EXPECT_TRUE(engine.sacredOptimizer);
     engine.sacredOptimizer = false;
-    click(100, 110);
+    click(100, 110);  // "Sacred Optimizer" lies beneath
     EXPECT_TRUE(engine.sacredOptimizer);
+    panel(kScopePanel).rect = {500, 650, 300,
+                               200};  // over the recorder's upper edge, inside the centre's width
+    frame();
+    click(600, app.layout.contentBottom);
+    EXPECT_EQ(app.held.splitter, Splitter::None);
+    down(600, app.layout.contentBottom);
+    EXPECT_EQ(app.held.splitter, Splitter::None);
+    up(0, 0);
+    panel(kScopePanel).rect = {50, 50, 600, 220};
     panel(kScopePanel).maximised = true;
     engine.sacredOptimizer = false;
     click(100, 110);
     EXPECT_FALSE(engine.sacredOptimizer);
+}
+
+TEST_F(Input, RightAndMiddlePressesOverAPanelReachNothingBeneath) {
+    panel(kScopePanel).open = true;
+    panel(kScopePanel).rect = {900, 100, 300, 200};
+    down(1000, 200, SDL_BUTTON_RIGHT);
+    EXPECT_FALSE(app.recorder.droneDragging);
+    down(1000, 200, SDL_BUTTON_MIDDLE);
+    EXPECT_FALSE(app.recorder.panning);
+    down(1000, 400, SDL_BUTTON_RIGHT);
+    EXPECT_TRUE(app.recorder.droneDragging);
+}
+
+TEST_F(Input, AQuitEndsTheLoopOfEventsAtOnce) {
+    ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_EVENTS), 0);
+    SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+    const auto pushKey = [](SDL_Keycode code) {
+        SDL_Event event;
+        SDL_zero(event);
+        event.type = SDL_KEYDOWN;
+        event.key.keysym.sym = code;
+        SDL_PushEvent(&event);
+    };
+    pushKey(SDLK_w);
+    EXPECT_TRUE(pollEvents(app));
+    EXPECT_EQ(engine.waveform, 1);
+    SDL_Event quit;
+    SDL_zero(quit);
+    quit.type = SDL_QUIT;
+    SDL_PushEvent(&quit);
+    pushKey(SDLK_e);
+    EXPECT_FALSE(pollEvents(app));
+    EXPECT_EQ(engine.waveform, 1);
+    SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
+    SDL_QuitSubSystem(SDL_INIT_EVENTS);
+}
+
+TEST_F(Input, ClosingAPanelByItsButtonForgetsThatItWasMaximised) {
+    widget("SCOPE").onClick();
+    panel(kScopePanel).maximised = true;
+    widget("SCOPE").onClick();
+    widget("SCOPE").onClick();
+    EXPECT_TRUE(panel(kScopePanel).open);
+    EXPECT_FALSE(panel(kScopePanel).maximised);
+}
+
+TEST_F(Input, TheSingleModeLightsHeartToo) {
+    engine.activationMode = 1;
+    EXPECT_TRUE(lit("Heart"));
+    widget("Heart").onClick();
+    EXPECT_EQ(engine.activationMode, 0);
+}
+
+TEST_F(Input, StopLeavesTheWalkerAndTheRecorderRunning) {
+    widget("DNA Spiral").onClick();
+    app.recorder.playing = true;
+    widget("STOP").onClick();
+    EXPECT_TRUE(app.walker.running);
+    EXPECT_TRUE(app.recorder.playing);
+}
+
+TEST_F(Input, HitsEndWhereTheyAreSaidToEnd) {
+    const SDL_Rect strength = app.hits.strengthHit;
+    click(strength.x - 3, strength.y);
+    EXPECT_EQ(retuner->strength, 100);
+    click(strength.x - 2, strength.y);
+    EXPECT_EQ(retuner->strength, 0);
+    click(strength.x + strength.w + 3, strength.y);
+    EXPECT_EQ(retuner->strength, 0);
+    click(strength.x + strength.w + 2, strength.y);
+    EXPECT_EQ(retuner->strength, 100);
+    click(223, 436);
+    EXPECT_FLOAT_EQ(gains.synthGainLeft, 1.0f);
+    click(22, 430);
+    EXPECT_FLOAT_EQ(gains.synthGainLeft, 1.0f);
+    click(22, 431);
+    EXPECT_FLOAT_EQ(gains.synthGainLeft, 0.0f);
+    click(222, 436);
+    EXPECT_FLOAT_EQ(gains.synthGainLeft, 1.0f);
+    click(22, 472);
+    EXPECT_FLOAT_EQ(gains.synthGainRight, 1.0f);
+    const SDL_Rect box = app.hits.selectorHit;
+    click(box.x + 18, box.y + 5);
+    EXPECT_EQ(retuner->targetIndex, 8);
+    click(box.x + 17, box.y + 5);
+    EXPECT_EQ(retuner->targetIndex, 7);
+    click(box.x + box.w - 18, box.y + 5);
+    EXPECT_EQ(retuner->targetIndex, 7);
+    click(box.x + box.w - 17, box.y + 5);
+    EXPECT_EQ(retuner->targetIndex, 8);
 }
 
 TEST_F(Input, AWheelOverAPanelMovesNothingBeneathIt) {

@@ -4,6 +4,7 @@
 #include <SDL_ttf.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 #include "tests/ui/offscreen.h"
@@ -17,8 +18,10 @@ inline Picture plain(const Picture& like, SDL_Color color) {
 
 // Compares each pixel of the text, rendered here anew, laid over `below`; and the six columns behind it, so
 // that a longer text that begins like this one is told apart.
+// Columns from `rightLimit` on are not looked at: something else is drawn over them.
 inline testing::AssertionResult isText(const Picture& seen, const Picture& below, const std::string& text,
-                                       int x, int y, TTF_Font* font, SDL_Color color) {
+                                       int x, int y, TTF_Font* font, SDL_Color color,
+                                       int rightLimit = std::numeric_limits<int>::max()) {
     constexpr int kBehind = 6;
     constexpr int kTolerance = 4;  // the renderer rounds down in each of its steps
     if (font == nullptr) return testing::AssertionFailure() << "no font";
@@ -30,7 +33,7 @@ inline testing::AssertionResult isText(const Picture& seen, const Picture& below
     int inked = 0;
     for (int row = 0; row < surface->h; ++row) {
         const auto* line = static_cast<const Uint8*>(surface->pixels) + row * surface->pitch;
-        for (int column = 0; column < surface->w + kBehind; ++column) {
+        for (int column = 0; column < surface->w + kBehind && x + column < rightLimit; ++column) {
             const Uint8* pixel = line + 4 * column;
             const bool inside = column < surface->w;
             const SDL_Color ink =

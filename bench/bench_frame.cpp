@@ -1,0 +1,85 @@
+// A whole frame of the window at 1280 by 720 on the software renderer, at its busiest: the scope and the
+// calculator open, the list of sounding frequencies shown, 64 voices sounding and the walker running. With
+// and without the text cache.
+#include <SDL.h>
+#include <SDL_ttf.h>
+#include <benchmark/benchmark.h>
+
+#include <memory>
+
+#include "engine/control.h"
+#include "engine/render.h"
+#include "ui/frame.h"
+
+namespace {
+
+using namespace veloria;
+
+struct Window {
+    Window() : retuner(std::make_unique<SacredFft>()) {
+        TTF_Init();
+        openFonts(app.fonts);
+        fillSolfeggioRatio(*retuner);
+        buildWidgetLists(app);
+        surface = SDL_CreateRGBSurfaceWithFormat(0, 1280, 720, 32, SDL_PIXELFORMAT_ARGB8888);
+        app.renderer = SDL_CreateSoftwareRenderer(surface);
+        app.recorder.engine = &engine;
+        app.viewMode = kVoicesTab;
+        app.voicesSubTab = 1;
+        app.panels.panels[kScopePanel].open = true;
+        toggleCalculator(app.calculator);
+        engine.activationMode = 3;
+        for (std::uint32_t i = 0; i < 21; ++i) {
+            toggleReflection(engine, i);
+            toggleRotation(engine, i);
+        }
+        for (std::uint32_t i = 0; engine.voices.size() < 64; ++i) {
+            if (!isConvergence(i)) toggleShadow(engine, i);
+        }
+        walkerStart(app.walker, engine, now);
+    }
+    ~Window() {
+        clearTextCache(app.textCache);
+        SDL_DestroyRenderer(app.renderer);
+        SDL_FreeSurface(surface);
+        closeFonts(app.fonts);
+        TTF_Quit();
+    }
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    // A sixtieth of a second of sound, then the frame that shows it.
+    void advance() {
+        float out[2];
+        for (int i = 0; i < 735; ++i) {
+            renderStereoSample(engine, out);
+            app.scope.samples[static_cast<std::size_t>(app.scope.write)] = out[0];
+            app.scope.write = (app.scope.write + 1) % kScopeBufferSize;
+        }
+        now += 16;
+    }
+
+    std::uint32_t now = 100000;
+    SynthEngine engine;
+    MidiFile midi;
+    PcmStream pcm;
+    std::unique_ptr<SacredFft> retuner;
+    OutputGains gains;
+    SDL_Surface* surface = nullptr;
+    AppState app{engine, {engine, midi, pcm, *retuner}, gains};
+};
+
+void frame(benchmark::State& state) {
+    Window window;
+    if (state.range(0) == 0) window.app.textCache.maxCount = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        window.advance();
+        state.ResumeTiming();
+        composeFrame(window.app, window.now);
+    }
+}
+
+BENCHMARK(frame)->ArgName("text_cache")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+}  // namespace
