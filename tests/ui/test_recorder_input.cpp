@@ -87,6 +87,27 @@ TEST_F(RecorderInputTest, TheRecordersKeysReachItBeforeTheWindows) {
     EXPECT_TRUE(engine.bassFilter);
 }
 
+TEST_F(RecorderInputTest, APressOnTheOpenClipEditorIsNotTheSplitters) {
+    app.sizes.recorderHeight = 150;  // lower than the editor, which so reaches above the panel
+    frame();
+    RecorderClip clip;
+    clip.end = 3.0;
+    RecorderClip& added = addClip(app.recorder, 0, 440.0, clip);
+    app.recorder.editOpen = true;
+    app.recorder.editClip = &added;
+    app.recorder.editChannel = 0;
+    app.recorder.editX = 500;
+    frame();
+    const int edge = app.layout.contentBottom;
+    ASSERT_TRUE(recorderEditContains(app.recorder, app.layout.recorder, 505, edge));
+    down(505, edge);
+    EXPECT_EQ(app.held.splitter, Splitter::None);
+    EXPECT_TRUE(app.recorder.editOpen);
+    up(505, edge);
+    down(300, edge);  // beside it the splitter is the splitter
+    EXPECT_EQ(app.held.splitter, Splitter::Recorder);
+}
+
 TEST_F(RecorderInputTest, OnlyOneFieldIsTypedIntoAtATime) {
     const SDL_Rect& area = app.layout.recorder;
     click(area.x + 140, area.y + 34);  // the range's start
