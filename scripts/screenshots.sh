@@ -82,10 +82,9 @@ click_at 207 675 # CALC
 tab 4
 click_at 100 306 # SCOPE
 picture calculator_over_scope_720
-click_at 598 61  # maximised
+click_at 617 61 # the scope's maximise box
 picture scope_maximised_720
-click_at 1258 11
-click_at 598 61
+click_at 1247 11
 click_at 629 131 # the calculator's close box
 click_at 638 61  # the scope's
 

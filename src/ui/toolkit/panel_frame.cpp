@@ -16,6 +16,7 @@ constexpr int kBoxPitch = 20;        // the width that a box takes of a press
 constexpr int kBoxTop = 2;           // below the panel's top
 constexpr int kCloseFromRight = 20;  // of the box's left edge
 constexpr int kMaximiseFromRight = 42;
+constexpr int kInfoFromRight = 64;
 constexpr int kCornerSize = 14;
 constexpr int kBodyInset = 2;
 constexpr int kBodyTop = 24;
@@ -27,6 +28,9 @@ constexpr int kGripPitch = 4;
 constexpr SDL_Color kBodyColor{22, 20, 30, 248};
 constexpr SDL_Color kTitleBarColor{42, 40, 56, 255};
 constexpr SDL_Color kCloseGlyph{255, 255, 255, 255};
+constexpr SDL_Color kInfoOn{180, 150, 40, 220};
+constexpr SDL_Color kInfoOff{60, 55, 80, 220};
+constexpr SDL_Color kInfoGlyph{255, 255, 255, 255};
 constexpr int kBorderAlpha = 220;
 constexpr int kGripAlpha = 120;
 
@@ -42,6 +46,12 @@ void drawMaximiseBox(const DrawContext& context, const SDL_Rect& box, const Pane
     outlineRect(context.renderer, back, style.maximiseGlyph);
 }
 
+void drawInfoBox(const DrawContext& context, const SDL_Rect& box, InfoBox state) {
+    if (state == InfoBox::None) return;
+    fillRect(context.renderer, box, state == InfoBox::On ? kInfoOn : kInfoOff);
+    DrawTextCentered(context, "i", box, context.fonts->fontLabel, kInfoGlyph);
+}
+
 }  // namespace
 
 PanelLayout panelLayout(const PanelState& panel, int windowW, int windowH) {
@@ -54,6 +64,7 @@ PanelLayout panelLayout(const PanelState& panel, int windowW, int windowH) {
     layout.title = {frame.x, frame.y, frame.w, kTitleHeight};
     layout.close = {right - kCloseFromRight, boxY, kBoxSize, kBoxSize};
     layout.maximise = {right - kMaximiseFromRight, boxY, kBoxSize, kBoxSize};
+    layout.info = {right - kInfoFromRight, boxY, kBoxSize, kBoxSize};
     layout.closeHit = {layout.close.x, boxY, kBoxPitch, kBoxSize};
     layout.maximiseHit = {layout.maximise.x, boxY, kBoxPitch, kBoxSize};
     if (!panel.maximised) {
@@ -82,6 +93,8 @@ PanelLayout drawPanelFrame(const DrawContext& context, const PanelState& panel, 
         DrawText(context, title, layout.title.x + 8, layout.title.y + 4, context.fonts->fontTab,
                  withAlpha(style.titleColor, 255));
     }
+    if (style.titleControls) style.titleControls(layout);
+    drawInfoBox(context, layout.info, style.info);
     drawCloseBox(context, layout.close, style.closeColor);
     drawMaximiseBox(context, layout.maximise, style, panel.maximised);
     return layout;

@@ -26,11 +26,15 @@ struct PanelLayout {
     // box.
     SDL_Rect closeHit;
     SDL_Rect maximiseHit;
+    SDL_Rect info;  // the "i" box of a panel that has one, as drawn and as hit
     SDL_Rect corner;  // the resize corner; empty when maximised
     SDL_Rect body;    // what the content is clipped to
 };
 
 [[nodiscard]] PanelLayout panelLayout(const PanelState& panel, int windowW, int windowH);
+
+// The box that shows a panel's text in place of its picture.
+enum class InfoBox { None, Off, On };
 
 struct PanelStyle {
     SDL_Color titleColor{230, 230, 230, 255};  // of the title, and of the border at its own alpha
@@ -38,9 +42,15 @@ struct PanelStyle {
     SDL_Color maximiseColor{60, 60, 80, 220};
     SDL_Color maximiseGlyph{200, 200, 200, 255};
     int titleReserve = 44;  // pixels at the right of the title bar that the title keeps clear for boxes
+    InfoBox info = InfoBox::None;
+    // Controls of the panel's own in its title bar; drawn before the boxes, which lie over them.
+    std::function<void(const PanelLayout&)> titleControls;
 };
 
-// Body, title bar, border, title and the two boxes. Returns the layout.
+// What the title keeps clear where there is an "i" box.
+inline constexpr int kInfoTitleReserve = 66;
+
+// Body, title bar, border, title, the panel's own controls and the boxes. Returns the layout.
 PanelLayout drawPanelFrame(const DrawContext& context, const PanelState& panel, std::string_view title,
                            const PanelStyle& style);
 
