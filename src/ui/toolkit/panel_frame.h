@@ -26,7 +26,7 @@ struct PanelLayout {
     // box.
     SDL_Rect closeHit;
     SDL_Rect maximiseHit;
-    SDL_Rect info;  // the "i" box of a panel that has one, as drawn and as hit
+    SDL_Rect info;    // the "i" box of a panel that has one, as drawn and as hit
     SDL_Rect corner;  // the resize corner; empty when maximised
     SDL_Rect body;    // what the content is clipped to
 };
