@@ -1,6 +1,7 @@
-// A whole frame of the window at 1280 by 720 on the software renderer, at its busiest: the scope and the
-// calculator open, the list of sounding frequencies shown, 64 voices sounding and the walker running. With
-// and without the text cache.
+// A whole frame of the window at 1280 by 720 on the software renderer, with 64 voices sounding and the walker
+// running. `frame`: the scope and the calculator open and the list of sounding frequencies shown, with and
+// without the text cache. `panels`: all eight floating panels open at once (8), none (-1), or the one of this
+// number alone; what a panel costs is its time less that of -1.
 #include <SDL.h>
 #include <SDL_ttf.h>
 #include <benchmark/benchmark.h>
@@ -40,6 +41,7 @@ struct Window {
     }
     ~Window() {
         clearTextCache(app.textCache);
+        dropSceneTexture(app.kathara);
         SDL_DestroyRenderer(app.renderer);
         SDL_FreeSurface(surface);
         closeFonts(app.fonts);
@@ -80,6 +82,22 @@ void frame(benchmark::State& state) {
     }
 }
 
+void panels(benchmark::State& state) {
+    Window window;
+    toggleCalculator(window.app.calculator);
+    for (int id = 0; id < kPanelCount; ++id) {
+        const bool open = state.range(0) == kPanelCount || state.range(0) == id;
+        window.app.panels.panels[static_cast<std::size_t>(id)].open = open;
+    }
+    for (auto _ : state) {
+        state.PauseTiming();
+        window.advance();
+        state.ResumeTiming();
+        composeFrame(window.app, window.now);
+    }
+}
+
+BENCHMARK(panels)->ArgName("panel")->DenseRange(-1, kPanelCount)->Unit(benchmark::kMillisecond);
 BENCHMARK(frame)->ArgName("text_cache")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace

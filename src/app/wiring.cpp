@@ -17,7 +17,10 @@ void exportRecorder(AppState& app) {
     surroundings.scope = &app.scope;
     surroundings.pumpEvents = [] { SDL_PumpEvents(); };
     surroundings.drawFrame = [&app](std::uint32_t nowMs) { renderFrame(app, nowMs); };
-    surroundings.resetViews = [&app] { app.lastFrameMs = 0; };
+    surroundings.resetViews = [&app] {
+        resetLotus(app.lotus);
+        app.lastFrameMs = 0;
+    };
     exportRecorderDialog(app.recorder, *app.engine, surroundings);
 }
 
@@ -36,6 +39,7 @@ void reset(AppState& app) {
     resetMedia(app.transport, app.players);
     stopPlayback(app.recorder);
     clearRecorder(app.recorder);
+    resetLotus(app.lotus);
 }
 
 }  // namespace

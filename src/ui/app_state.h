@@ -24,7 +24,10 @@
 #include "ui/widgets.h"
 #include "views/calculator.h"
 #include "views/frame_snapshot.h"
+#include "views/kathara_host.h"
+#include "views/lotus.h"
 #include "views/scope.h"
+#include "views/shadow_view.h"
 #include "walker/scale_walker.h"
 
 namespace veloria {
@@ -82,10 +85,12 @@ struct AppState {
 
     FloatingPanels panels;
     PanelResize panelResize;
-    bool researchMode = false;         // of the centre view and the KATHARA panel
     std::int32_t spectrumPalette = 0;  // 0 Avatar ("SPEC 1"), 1 Chakra ("SPEC 2")
     CalculatorState calculator;
     ScopeState scopeView;
+    LotusState lotus;  // and the clock of all views
+    ShadowState shadow;
+    KatharaState kathara;  // of the centre view and its panel
 
     Transport transport;
     ScaleWalker walker;

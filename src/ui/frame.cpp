@@ -7,6 +7,7 @@
 #include "ui/draw.h"
 #include "ui/floating_panels.h"
 #include "ui/toolkit/primitives.h"
+#include "views/lotus_energy.h"
 #include "views/splash.h"
 
 namespace veloria {
@@ -72,13 +73,23 @@ void drawLeftTabContents(AppState& app) {
     }
 }
 
+void drawCentreView(AppState& app) {
+    app.kathara.sceneDrawnInMainView = false;
+    if (!centreShown(app.layout)) return;
+    drawKatharaMainView(app.draw, app.kathara, app.layout.centre, app.snapshot, app.lotus.viewTime);
+}
+
 }  // namespace
 
 void composeFrame(AppState& app, std::uint32_t nowMs) {
     advance(app, nowMs);
     takeFrameSnapshot(*app.engine, app.scope, app.players.retuner, app.snapshot);
+    updateLotusEnergy(app.lotus, app.snapshot.scope);
     prepareLayout(app);
     prepareContext(app, nowMs);
+    const SDL_Point mouse{app.draw.mouseX, app.draw.mouseY};
+    // What a floating window covers does not light up under the pointer.
+    if (isUnderFloatingWindow(app, mouse.x, mouse.y)) app.draw.mouseX = app.draw.mouseY = -1;
 
     clearWindow(app);
     drawTopBar(app);
@@ -91,8 +102,11 @@ void composeFrame(AppState& app, std::uint32_t nowMs) {
     drawRowScrollBar(app);
     drawRecorder(app.draw, app.recorder, app.layout.recorder);
     drawStatusBar(app);
+    drawCentreView(app);
     drawWelcomeSplash(app.draw, app.splashStart);
     drawRecorderEdit(app.draw, app.recorder, app.layout.recorder);
+    app.draw.mouseX = mouse.x;
+    app.draw.mouseY = mouse.y;
     drawFloatingPanels(app);
     drawCalculator(app.draw, app.calculator);
     drawDroneGhost(app.draw, app.recorder);

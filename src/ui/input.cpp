@@ -59,14 +59,18 @@ bool calculatorTakes(AppState& app, const SDL_Event& event) {
 }  // namespace
 
 void handleEvent(AppState& app, const SDL_Event& event) {
-    if (event.type == SDL_RENDER_DEVICE_RESET) clearTextCache(app.textCache);
+    renderMemoryEvent(app, event);
     if (!app.sizes.layoutReady) return;
     const PointerEvent pointer = pointerEvent(event);
+    // Whoever takes a press elsewhere: the typed range is given up, as by Escape.
+    if (pointer.leftDown && !contains(app.layout.recorder, pointer.x, pointer.y))
+        endRangeEditing(app.recorder);
     // A release is nobody's alone: it goes all the way, so that no drag outlives it.
     if (calculatorTakes(app, event)) return;
     if (panelsEvent(app, event, pointer)) return;
     // The clip editor reaches above the recorder, over what lies there.
     const bool onEditor = recorderEditContains(app.recorder, app.layout.recorder, pointer.x, pointer.y);
+    if (!onEditor && centreViewEvent(app, event, pointer)) return;
     if (!(pointer.leftDown && onEditor) && splittersEvent(app, pointer)) return;
     if (recorderEvent(app, event)) return;
     if (rowDragEvent(app, event, pointer)) return;

@@ -1,6 +1,7 @@
 // The floating panels' share of the input.
 #include "ui/input_steps.h"
 #include "ui/panels.h"
+#include "views/kathara_input.h"
 
 namespace veloria {
 
@@ -9,6 +10,36 @@ namespace {
 // The order in which panels see motion and releases. A press is meant for one panel alone.
 constexpr PanelId kPanelOrder[] = {kLotusPanel,  kPolarPanel,     kScopePanel,   kSpectrumPanel,
                                    kSacredPanel, kHarmonicsPanel, kKatharaPanel, kShadowPanel};
+
+PanelLayout layoutOf(const AppState& app, int id) {
+    return panelLayout(app.panels.panels[static_cast<std::size_t>(id)], app.layout.windowW,
+                       app.layout.windowH);
+}
+
+// The controls that a panel has beside those of the common frame.
+void addOwnControls(AppState& app, int id, PanelInput& input) {
+    const PanelLayout layout = layoutOf(app, id);
+    switch (id) {
+        case kKatharaPanel:
+            input.titleExtra = [&app, layout](int x, int y) {
+                return katharaTitlePress(app.kathara, layout, x, y);
+            };
+            input.bodyExtra = [&app, layout](int x, int y) {
+                return katharaPress(app.kathara, katharaPanelLayout(layout), x, y);
+            };
+            break;
+        case kShadowPanel:
+            input.titleExtra = [&app, layout](int x, int y) {
+                return shadowTitlePress(app.shadow, layout.frame, x, y);
+            };
+            input.bodyExtra = [&app, layout](int x, int y) {
+                return shadowBodyPress(app.shadow, layout.body, *app.engine, x, y);
+            };
+            break;
+        default:
+            break;
+    }
+}
 
 bool offerToPanel(AppState& app, int id, bool targeted, const PointerEvent& pointer, const SDL_Event& event) {
     PanelState& panel = app.panels.panels[static_cast<std::size_t>(id)];
@@ -19,13 +50,27 @@ bool offerToPanel(AppState& app, int id, bool targeted, const PointerEvent& poin
     input.windowH = app.layout.windowH;
     input.targeted = targeted;
     input.outsideCentre = pointer.x < app.layout.leftWidth || pointer.x >= app.layout.rightX;
-    return panelEvent(panel, app.panelResize, input, event).consumed;
+    addOwnControls(app, id, input);
+    const PanelOutcome outcome = panelEvent(panel, app.panelResize, input, event);
+    if (outcome.action == PanelAction::Closed && id == kKatharaPanel) app.kathara.researchMode = false;
+    return outcome.consumed;
 }
 
 bool resizeEvent(AppState& app, const SDL_Event& event) {
     if (!app.panelResize.resizing) return false;
     PanelState& panel = app.panels.panels[static_cast<std::size_t>(app.panelResize.resizingPanel)];
     return panelResizeEvent(app.panelResize, panel.rect, event);
+}
+
+// The wheel over a panel; one that has no use for it takes it all the same, so that nothing beneath it moves.
+void wheelOverPanel(AppState& app, int id, const SDL_Event& event) {
+    if (id == kKatharaPanel) katharaWheel(app.kathara, KatharaHost::Panel, event.wheel.y);
+}
+
+// What was begun with a press on a control of the panel's own.
+bool ownDragEvent(AppState& app, const PointerEvent& pointer) {
+    if (!pointer.motion || app.kathara.dragHost != KatharaHost::Panel) return false;
+    return katharaMotion(app.kathara, katharaPanelLayout(layoutOf(app, kKatharaPanel)), pointer.x, pointer.y);
 }
 
 }  // namespace
@@ -40,11 +85,12 @@ bool panelsEvent(AppState& app, const SDL_Event& event, const PointerEvent& poin
         target = panelAt(app.panels, app.layout.windowW, app.layout.windowH, pointer.x, pointer.y);
         if (target < 0) return false;
         if (pointer.leftDown) raisePanel(app.panels, target);
-        // A panel takes other presses, and a wheel that it has no use for, so that nothing beneath it moves.
-        if (!pointer.leftDown) return true;
+        if (pointer.wheel) wheelOverPanel(app, target, event);
+        if (!pointer.leftDown) return true;  // other presses: nothing beneath the panel may have them
         return offerToPanel(app, target, true, pointer, event);
     }
     if (!pointer.motion && !pointer.leftUp) return false;
+    if (ownDragEvent(app, pointer)) return true;
     for (const PanelId id : kPanelOrder) {
         if (offerToPanel(app, id, false, pointer, event)) return true;
     }

@@ -20,6 +20,13 @@ struct PointerEvent {
 // Floating panels: the resize that is under way, then the panel under a press, then drags and releases.
 bool panelsEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer);
 
+// What the renderer kept in the graphics card's memory is gone. Never takes the event.
+void renderMemoryEvent(AppState& app, const SDL_Event& event);
+
+// The centre view: presses and the wheel in it, and the drags that began there. The bands of the splitters
+// round it are not its own.
+bool centreViewEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer);
+
 // The two gain sliders of the "TUNING" tab and the three splitters.
 bool splittersEvent(AppState& app, const PointerEvent& pointer);
 

@@ -28,6 +28,7 @@ class AppTest : public testing::Test {
         takeSnapshot();
     }
     ~AppTest() override {
+        dropSceneTexture(app.kathara);
         clearTextCache(app.textCache);
         closeFonts(app.fonts);
         TTF_Quit();
@@ -37,6 +38,7 @@ class AppTest : public testing::Test {
     // any.
     void resize(int w, int h) {
         clearTextCache(app.textCache);
+        dropSceneTexture(app.kathara);
         screen = std::make_unique<Offscreen>(w, h);
         screen->clear(kBackdrop);
         app.renderer = screen->renderer;

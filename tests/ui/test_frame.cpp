@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/ui/events.h"
+#include "ui/floating_panels.h"
 
 namespace veloria {
 namespace {
@@ -64,6 +65,19 @@ TEST_F(Frame, TheRecorderLiesBetweenThePanelsAndTheStatusBar) {
     const SDL_Rect& area = app.layout.recorder;
     EXPECT_EQ(at(area.x + 600, area.y + 10), (SDL_Color{20, 20, 32, 255}));
     EXPECT_EQ(at(1200, app.layout.statusBar.y + 15), app.theme.themeTopBar);
+}
+
+TEST_F(Frame, WhatAFloatingWindowCoversIsNotUnderThePointer) {
+    EXPECT_FALSE(isUnderFloatingWindow(app, 580, 16));
+    open(kScopePanel, {500, 0, 300, 200});
+    EXPECT_TRUE(isUnderFloatingWindow(app, 580, 16));
+    EXPECT_FALSE(isUnderFloatingWindow(app, 499, 16));
+    panel(kScopePanel).open = false;
+    app.calculator.calcRect.x = 500;
+    app.calculator.calcRect.y = 0;
+    EXPECT_FALSE(isUnderFloatingWindow(app, 580, 16));
+    toggleCalculator(app.calculator);
+    EXPECT_TRUE(isUnderFloatingWindow(app, 580, 16));
 }
 
 TEST_F(Frame, EveryPanelHasATitleBarOfItsOwn) {

@@ -212,7 +212,7 @@ TEST_F(Input, VizButtonsOpenTheirPanelInFrontAndCloseIt) {
         EXPECT_FALSE(lit(label)) << label;
     }
     press("KATHARA");
-    EXPECT_TRUE(app.researchMode);
+    EXPECT_TRUE(app.kathara.researchMode);
     EXPECT_TRUE(lit("KATHARA"));
 }
 
