@@ -42,5 +42,10 @@ TEST(ChakraPalette, EachRangeBeginsAndEndsWhereItShould) {
     EXPECT_EQ(chakraColour(-20), (SDL_Color{0, 0, 0, 255}));
 }
 
+TEST(ChosenPalette, ZeroIsAvatarAndOneIsChakra) {
+    EXPECT_EQ(paletteColour(0, 741), (SDL_Color{255, 207, 159, 255}));
+    EXPECT_EQ(paletteColour(1, 741), (SDL_Color{75, 0, 130, 255}));
+}
+
 }  // namespace
 }  // namespace veloria

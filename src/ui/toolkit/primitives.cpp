@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "ui/toolkit/parallel_lines.h"
+
 namespace veloria {
 
 namespace {
@@ -76,16 +78,10 @@ void drawThickLine2d(SDL_Renderer* renderer, int x0, int y0, int x1, int y1, SDL
 
 void drawThickLine2dF(SDL_Renderer* renderer, float x0, float y0, float x1, float y1, SDL_Color color,
                       int width, SDL_BlendMode blend) {
-    const float dx = x1 - x0;
-    const float dy = y1 - y0;
-    const float length = std::sqrt(dx * dx + dy * dy);
-    if (!(length >= 0.5f)) return;  // a NaN ends here as well
     setColor(renderer, color, blend);
-    for (int k = -(width / 2); k <= width / 2; ++k) {
-        const float shiftX = static_cast<float>(k) * -dy / length;
-        const float shiftY = static_cast<float>(k) * dx / length;
-        SDL_RenderDrawLineF(renderer, x0 + shiftX, y0 + shiftY, x1 + shiftX, y1 + shiftY);
-    }
+    parallelLinesF(x0, y0, x1, y1, width, [=](float fromX, float fromY, float toX, float toY) {
+        SDL_RenderDrawLineF(renderer, fromX, fromY, toX, toY);
+    });
 }
 
 void fillCircle(SDL_Renderer* renderer, int cx, int cy, int radius, SDL_Color color, SDL_BlendMode blend) {
