@@ -16,13 +16,16 @@ enum class LineRole { Heading, Body, Dim, Data, Highlight, Reflection, Warning }
 
 // A line, or a gap between two lines.
 struct PageEntry {
-    LineRole role = LineRole::Body;
     const char* text = nullptr;  // UTF-8; null for a gap
-    int gap = 0;                 // pixels, of a gap only
+    LineRole role = LineRole::Body;
+    int gap = 0;  // pixels, of a gap only
 };
 
+[[nodiscard]] constexpr PageEntry pageLine(LineRole role, const char* text) {
+    return {text, role, 0};
+}
 [[nodiscard]] constexpr PageEntry pageGap(int pixels) {
-    return {LineRole::Body, nullptr, pixels};
+    return {nullptr, LineRole::Body, pixels};
 }
 
 inline constexpr SDL_Color kPageHeading{255, 215, 80, 255};

@@ -27,39 +27,39 @@ constexpr SDL_Color kViolet{180, 140, 255, 255};
 constexpr SDL_Color kGreen{60, 200, 180, 255};
 
 constexpr PageEntry kMatrixTitle[] = {
-    {Heading, "666 SHADOW MATRIX — Full S3 Permutations"},
+    pageLine(Heading, "666 SHADOW MATRIX — Full S3 Permutations"),
 };
 
 constexpr PageEntry kQuintessence[] = {
-    {Heading, "555 QUINTESSENCE — Fifth Element Bridge"},
-    {Body, "Mean of 9 Solfeggio = 555 Hz exactly"},
-    {Body, "555 = 5 x 111 (pentagonal x eigenvalue)"},
-    {Dim, "DR(555) = 6 (Tesla key)"},
+    pageLine(Heading, "555 QUINTESSENCE — Fifth Element Bridge"),
+    pageLine(Body, "Mean of 9 Solfeggio = 555 Hz exactly"),
+    pageLine(Body, "555 = 5 x 111 (pentagonal x eigenvalue)"),
+    pageLine(Dim, "DR(555) = 6 (Tesla key)"),
     pageGap(10),
-    {Heading, "GEOMETRIC PROGRESSION"},
-    {Body, "444 (Tetrahedron/Fire) = 4 x 111"},
-    {Body, "555 (Dodecahedron/Aether) = 5 x 111"},
-    {Body, "666 (Cube/Earth) = 6 x 111"},
-    {Dim, "Each step = +111 (circulant eigenvalue)"},
+    pageLine(Heading, "GEOMETRIC PROGRESSION"),
+    pageLine(Body, "444 (Tetrahedron/Fire) = 4 x 111"),
+    pageLine(Body, "555 (Dodecahedron/Aether) = 5 x 111"),
+    pageLine(Body, "666 (Cube/Earth) = 6 x 111"),
+    pageLine(Dim, "Each step = +111 (circulant eigenvalue)"),
     pageGap(10),
-    {Heading, "DODECAHEDRON PROPERTIES"},
-    {Body, "12 faces = Kathara 12-Tree Grid"},
-    {Body, "20 vertices = 12 selected + 8 shadow energy"},
-    {Body, "30 edges = 3 x 10 (Yud completion)"},
-    {Dim, "Each face = pentagon (5 sides) -> 5-5-5"},
+    pageLine(Heading, "DODECAHEDRON PROPERTIES"),
+    pageLine(Body, "12 faces = Kathara 12-Tree Grid"),
+    pageLine(Body, "20 vertices = 12 selected + 8 shadow energy"),
+    pageLine(Body, "30 edges = 3 x 10 (Yud completion)"),
+    pageLine(Dim, "Each face = pentagon (5 sides) -> 5-5-5"),
     pageGap(10),
-    {Heading, "555 + 445 = 1000"},
-    {Body, "Mean Solfeggio + Total Kathara Ebced = 1000"},
-    {Dim, "3x37 (eigenvalue) + F(11) (Fibonacci prime) = 200"},
+    pageLine(Heading, "555 + 445 = 1000"),
+    pageLine(Body, "Mean Solfeggio + Total Kathara Ebced = 1000"),
+    pageLine(Dim, "3x37 (eigenvalue) + F(11) (Fibonacci prime) = 200"),
 };
 
 // Goes on where the text above ends, over the figure.
 constexpr PageEntry kVitruvian[] = {
     pageGap(4),
-    {Heading, "VITRUVIAN CONNECTION"},
-    {Body, "Mem Sofit(600) - 555 = 45 degrees"},
-    {Body, "45 = Vitruvian arm angle = 360/8"},
-    {Dim, "45 = 1+2+3+4+5+6+7+8+9 (digit sum)"},
+    pageLine(Heading, "VITRUVIAN CONNECTION"),
+    pageLine(Body, "Mem Sofit(600) - 555 = 45 degrees"),
+    pageLine(Body, "45 = Vitruvian arm angle = 360/8"),
+    pageLine(Dim, "45 = 1+2+3+4+5+6+7+8+9 (digit sum)"),
 };
 
 struct PentagramFigure {

@@ -122,8 +122,15 @@ TEST(ResearchPages, TheCreditsCloseTheLongPages) {
 }
 
 constexpr PageEntry kSmallEntries[] = {
-    {Heading, "Alpha"}, pageGap(2), {Body, "Beta"},          {Dim, "Gamma"},   {Data, "Delta"},
-    {Highlight, "Eps"}, pageGap(8), {Reflection, "Zeta — "}, {Warning, "Eta"},
+    pageLine(Heading, "Alpha"),
+    pageGap(2),
+    pageLine(Body, "Beta"),
+    pageLine(Dim, "Gamma"),
+    pageLine(Data, "Delta"),
+    pageLine(Highlight, "Eps"),
+    pageGap(8),
+    pageLine(Reflection, "Zeta — "),
+    pageLine(Warning, "Eta"),
 };
 constexpr ResearchPage kSmallPage{kSmallEntries};
 constexpr int kSmallWhole = 14 + 7 * 15 + 10 + 20;

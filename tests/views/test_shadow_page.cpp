@@ -37,7 +37,7 @@ class ShadowPage : public test::DrawTest {
     Picture drawFigure(const SDL_Rect& body, float time) {
         const Fonts none{};
         context.fonts = &none;
-        const Picture seen = draw(body, time);
+        Picture seen = draw(body, time);
         context.fonts = &fonts;
         return seen;
     }
