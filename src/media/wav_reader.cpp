@@ -11,6 +11,7 @@
 
 #include "media/pcm_stream.h"
 #include "media/resample.h"
+#include "platform/little_endian.h"
 
 namespace veloria {
 namespace {
@@ -22,14 +23,8 @@ constexpr std::uint64_t kFormatFields = 16;        // bytes of a "fmt " chunk th
 constexpr std::uint64_t kSubFormatOffset = 24;     // of the code in an extensible "fmt " chunk
 constexpr std::uint64_t kMaxRepeatedSeconds = 10;  // of a claim beyond the file's end
 
-std::uint16_t littleEndian16(const std::uint8_t* bytes) {
-    return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
-}
-
-std::uint32_t littleEndian32(const std::uint8_t* bytes) {
-    return static_cast<std::uint32_t>(littleEndian16(bytes)) |
-           static_cast<std::uint32_t>(littleEndian16(bytes + 2)) << 16;
-}
+using platform::littleEndian16;
+using platform::littleEndian32;
 
 // What the chunks say.
 struct WavLayout {

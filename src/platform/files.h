@@ -1,6 +1,7 @@
 // Opening files by the paths that the choosers return.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
@@ -23,5 +24,8 @@ using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 // The whole of a regular file. False when it cannot be opened or read to its end, or when memory does not
 // suffice; `bytes` is empty then.
 [[nodiscard]] bool readWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes);
+
+// The same, but no more than its first `most` bytes: for a file that may be larger than anything of use.
+[[nodiscard]] bool readFileStart(const std::string& path, std::size_t most, std::vector<std::uint8_t>& bytes);
 
 }  // namespace veloria::platform

@@ -11,22 +11,23 @@ struct SolfeggioNode {
     const char* letter;  // Hebrew, UTF-8
     const char* name;    // of the letter
     int ebced;           // the letter's value
+    const char* centre;  // the place in the body, below it or above it
 };
 
 // In the order of solfeggio12.
 inline constexpr std::array<SolfeggioNode, 12> solfeggioNodes = {{
-    {"ה", "He", 5},
-    {"ו", "Vav", 6},
-    {"ז", "Zayin", 7},
-    {"ח", "Chet", 8},
-    {"ט", "Tet", 9},
-    {"י", "Yud", 10},
-    {"ל", "Lamed", 30},
-    {"נ", "Nun", 50},
-    {"ס", "Samech", 60},
-    {"ע", "Ayin", 70},
-    {"צ", "Tsadi", 90},
-    {"ק", "Qof", 100},
+    {"ה", "He", 5, "Earth Star"},
+    {"ו", "Vav", 6, "Earth Gate"},
+    {"ז", "Zayin", 7, "Root Base"},
+    {"ח", "Chet", 8, "Sacral"},
+    {"ט", "Tet", 9, "Solar Plexus"},
+    {"י", "Yud", 10, "Third Eye"},
+    {"ל", "Lamed", 30, "Throat Core"},
+    {"נ", "Nun", 50, "Heart Core"},
+    {"ס", "Samech", 60, "Solar Core"},
+    {"ע", "Ayin", 70, "Galactic 1"},
+    {"צ", "Tsadi", 90, "Galactic 2"},
+    {"ק", "Qof", 100, "Soul Star"},
 }};
 
 // 417 Hz stands alone between the two realms.

@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <filesystem>
+#include <limits>
+
 #include "platform/linux/file_names.h"
+#include "platform/little_endian.h"
 #include "platform/path_text.h"
 #include "tests/platform/scratch_folder.h"
 
@@ -60,6 +64,57 @@ TEST(Files, OnlyRegularFilesAreRead) {
     std::vector<std::uint8_t> bytes;
     EXPECT_FALSE(readWholeFile(pipe, bytes));
     EXPECT_FALSE(readWholeFile("/dev/zero", bytes));
+}
+
+TEST(Files, TheStartOfAFileIsReadAndNoMore) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("ten.bin", "0123456789");
+    const auto start = [&](std::size_t most) {
+        std::vector<std::uint8_t> bytes{1, 2, 3};
+        EXPECT_TRUE(readFileStart(path, most, bytes)) << most;
+        return std::string(bytes.begin(), bytes.end());
+    };
+    EXPECT_EQ(start(0), "");
+    EXPECT_EQ(start(1), "0");
+    EXPECT_EQ(start(9), "012345678");
+    EXPECT_EQ(start(10), "0123456789");
+    EXPECT_EQ(start(11), "0123456789");
+    EXPECT_EQ(start(std::numeric_limits<std::size_t>::max()), "0123456789");
+}
+
+TEST(Files, TheStartOfAHugeFileTakesNoMoreMemoryThanItself) {
+    const ScratchFolder folder;
+    const std::string path = folder.write("huge.bin", "begin");
+    std::error_code error;
+    std::filesystem::resize_file(path, std::uintmax_t{1} << 38, error);
+    if (error) GTEST_SKIP() << "no room for a file with holes: " << error.message();
+    std::vector<std::uint8_t> bytes;
+    ASSERT_TRUE(readFileStart(path, 3000000, bytes));
+    EXPECT_EQ(bytes.size(), 3000000U);
+    EXPECT_EQ(bytes.capacity(), 3000000U);
+    EXPECT_EQ(std::string(bytes.begin(), bytes.begin() + 6), std::string("begin\0", 6));
+}
+
+TEST(Files, AFileThatTellsNoSizeIsReadAsFarAsIsAsked) {
+    std::vector<std::uint8_t> bytes;
+    EXPECT_TRUE(readFileStart("/proc/self/status", 40, bytes));
+    EXPECT_EQ(bytes.size(), 40U);
+}
+
+TEST(Files, NoFileHasNoStart) {
+    const ScratchFolder folder;
+    std::vector<std::uint8_t> bytes{1};
+    EXPECT_FALSE(readFileStart(folder / "missing.bin", 4, bytes));
+    EXPECT_TRUE(bytes.empty());
+    EXPECT_FALSE(readFileStart(folder.path(), 4, bytes));
+    EXPECT_FALSE(readFileStart("/dev/zero", 4, bytes));
+}
+
+TEST(LittleEndian, TheLowByteComesFirst) {
+    constexpr std::uint8_t kBytes[] = {0x01, 0xFE, 0x80, 0xFF};
+    static_assert(littleEndian16(kBytes) == 0xFE01);
+    static_assert(littleEndian32(kBytes) == 0xFF80FE01);
+    EXPECT_EQ(littleEndian16(kBytes + 2), 0xFF80);
 }
 
 TEST(Files, ANameThatIsNoUtf8Opens) {

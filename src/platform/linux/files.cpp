@@ -4,8 +4,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <exception>
+#include <limits>
 
 namespace veloria::platform {
 
@@ -25,11 +27,12 @@ struct Descriptor {
 };
 
 // The kernel's own files report a size of 0 and a file may grow meanwhile, so the end is where reading ends.
-bool readToEnd(int descriptor, std::size_t expected, std::vector<std::uint8_t>& bytes) {
-    bytes.resize(expected + 1);  // the one more byte finds the end without a second growth
+bool readUpTo(int descriptor, std::size_t expected, std::size_t most, std::vector<std::uint8_t>& bytes) {
+    // The one more byte finds the end without a second growth.
+    bytes.resize(std::min(expected + 1, most));
     std::size_t filled = 0;
-    for (;;) {
-        if (filled == bytes.size()) bytes.resize(filled + kBlockBytes);
+    while (filled < most) {
+        if (filled == bytes.size()) bytes.resize(filled + std::min(kBlockBytes, most - filled));
         const ssize_t got = read(descriptor, bytes.data() + filled, bytes.size() - filled);
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return false;
@@ -62,12 +65,16 @@ bool canReadFile(const std::string& path) {
 }
 
 bool readWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {
+    return readFileStart(path, std::numeric_limits<std::size_t>::max(), bytes);
+}
+
+bool readFileStart(const std::string& path, std::size_t most, std::vector<std::uint8_t>& bytes) {
     bytes.clear();
     struct stat facts {};
     const Descriptor file(openToRead(path));
     if (!isRegular(file, facts)) return false;
     try {
-        if (readToEnd(file.number, static_cast<std::size_t>(facts.st_size), bytes)) return true;
+        if (readUpTo(file.number, static_cast<std::size_t>(facts.st_size), most, bytes)) return true;
     } catch (const std::exception&) {
         // bad_alloc or length_error: the file does not fit into memory
     }

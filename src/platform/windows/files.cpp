@@ -2,7 +2,9 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <exception>
+#include <limits>
 
 #include "platform/windows/wide_text.h"
 
@@ -12,14 +14,16 @@ namespace {
 
 constexpr std::size_t kBlockBytes = std::size_t{1} << 20;
 
-bool readToEnd(std::FILE* file, std::vector<std::uint8_t>& bytes) {
-    for (;;) {
+bool readUpTo(std::FILE* file, std::size_t most, std::vector<std::uint8_t>& bytes) {
+    while (bytes.size() < most) {
         const std::size_t filled = bytes.size();
-        bytes.resize(filled + kBlockBytes);
-        const std::size_t got = std::fread(bytes.data() + filled, 1, kBlockBytes, file);
+        const std::size_t wanted = std::min(kBlockBytes, most - filled);
+        bytes.resize(filled + wanted);
+        const std::size_t got = std::fread(bytes.data() + filled, 1, wanted, file);
         bytes.resize(filled + got);
-        if (got < kBlockBytes) return std::ferror(file) == 0;
+        if (got < wanted) return std::ferror(file) == 0;
     }
+    return true;
 }
 
 bool isRegular(const std::string& path, struct _stat64& facts) {
@@ -38,14 +42,18 @@ bool canReadFile(const std::string& path) {
 }
 
 bool readWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {
+    return readFileStart(path, std::numeric_limits<std::size_t>::max(), bytes);
+}
+
+bool readFileStart(const std::string& path, std::size_t most, std::vector<std::uint8_t>& bytes) {
     bytes.clear();
     struct _stat64 facts {};
     if (!isRegular(path, facts)) return false;
     const FileHandle file = openFile(path, "rb");
     if (!file) return false;
     try {
-        bytes.reserve(static_cast<std::size_t>(facts.st_size) + kBlockBytes);
-        if (readToEnd(file.get(), bytes)) return true;
+        bytes.reserve(std::min(static_cast<std::size_t>(facts.st_size) + kBlockBytes, most));
+        if (readUpTo(file.get(), most, bytes)) return true;
     } catch (const std::exception&) {
         // bad_alloc or length_error: the file does not fit into memory
     }

@@ -29,6 +29,13 @@ void drawCentered(const DrawContext& context, const TextKey& key, const SDL_Rect
     SDL_RenderCopy(context.renderer, text.texture, nullptr, &place);
 }
 
+void drawCenteredOn(const DrawContext& context, const TextKey& key, int middleX, int y) {
+    const RenderedText text = rendered(context, key);
+    if (text.texture == nullptr) return;
+    const SDL_Rect place{middleX - text.w / 2, y, text.w, text.h};
+    SDL_RenderCopy(context.renderer, text.texture, nullptr, &place);
+}
+
 SDL_Point measure(TTF_Font* font, std::string_view text,
                   int (*sizeOf)(TTF_Font*, const char*, int* w, int* h)) {
     SDL_Point size{0, 0};
@@ -57,6 +64,16 @@ void DrawTextCentered(const DrawContext& context, std::string_view text, const S
 void DrawTextUtf8Centered(const DrawContext& context, std::string_view text, const SDL_Rect& area,
                           TTF_Font* font, SDL_Color color) {
     drawCentered(context, {font, true, color, text}, area);
+}
+
+void DrawTextCenteredOn(const DrawContext& context, std::string_view text, int middleX, int y, TTF_Font* font,
+                        SDL_Color color) {
+    drawCenteredOn(context, {font, false, color, text}, middleX, y);
+}
+
+void DrawTextUtf8CenteredOn(const DrawContext& context, std::string_view text, int middleX, int y,
+                            TTF_Font* font, SDL_Color color) {
+    drawCenteredOn(context, {font, true, color, text}, middleX, y);
 }
 
 SDL_Point measureText(TTF_Font* font, std::string_view text) {

@@ -25,6 +25,12 @@ void DrawTextCentered(const DrawContext& context, std::string_view text, const S
 void DrawTextUtf8Centered(const DrawContext& context, std::string_view text, const SDL_Rect& area,
                           TTF_Font* font, SDL_Color color);
 
+// With its middle at `middleX` and its upper edge at y.
+void DrawTextCenteredOn(const DrawContext& context, std::string_view text, int middleX, int y, TTF_Font* font,
+                        SDL_Color color);
+void DrawTextUtf8CenteredOn(const DrawContext& context, std::string_view text, int middleX, int y,
+                            TTF_Font* font, SDL_Color color);
+
 // Width and height in pixels, as (x, y); (0, 0) without a font or on failure.
 [[nodiscard]] SDL_Point measureText(TTF_Font* font, std::string_view text);
 [[nodiscard]] SDL_Point measureTextUtf8(TTF_Font* font, std::string_view text);

@@ -109,6 +109,8 @@ TEST_F(Text, WithoutAFontNothingIsDrawn) {
     DrawTextUtf8(context, "TEXT", 10, 10, nullptr, kWhite);
     DrawTextCentered(context, "TEXT", {10, 10, 90, 20}, nullptr, kWhite);
     DrawTextUtf8Centered(context, "TEXT", {10, 10, 90, 20}, nullptr, kWhite);
+    DrawTextCenteredOn(context, "TEXT", 50, 10, nullptr, kWhite);
+    DrawTextUtf8CenteredOn(context, "TEXT", 50, 10, nullptr, kWhite);
     EXPECT_EQ(touched(), 0);
     EXPECT_EQ(cache.misses, 0u);
 }
@@ -174,6 +176,21 @@ TEST_F(Text, CentredTextStandsInTheMiddleByItsMeasure) {
         ASSERT_EQ(TTF_SizeText(fonts.fontTab, text, &w, &h), 0);
         DrawText(context, text, 50 + (121 - w) / 2, 60 + (33 - h) / 2, fonts.fontTab, kWhite);
         DrawTextUtf8(context, text, 50 + (121 - w) / 2, 160 + (33 - h) / 2, fonts.fontTab, kWhite);
+        EXPECT_TRUE(picture() == centred) << text;
+    }
+}
+
+TEST_F(Text, TextOnAColumnHasItsMiddleThereAndItsTopWhereItIsSaid) {
+    for (const char* text : {"STOP", "X", "528 Hz", "A caption that reaches out at the left"}) {
+        screen.clear(kBackdrop);
+        DrawTextCenteredOn(context, text, 90, 60, fonts.fontTab, kWhite);
+        DrawTextUtf8CenteredOn(context, text, 91, 160, fonts.fontTab, kWhite);
+        const Picture centred = picture();
+        screen.clear(kBackdrop);
+        int w = 0;
+        ASSERT_EQ(TTF_SizeText(fonts.fontTab, text, &w, nullptr), 0);
+        DrawText(context, text, 90 - w / 2, 60, fonts.fontTab, kWhite);
+        DrawTextUtf8(context, text, 91 - w / 2, 160, fonts.fontTab, kWhite);
         EXPECT_TRUE(picture() == centred) << text;
     }
 }
