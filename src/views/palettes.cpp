@@ -38,4 +38,8 @@ SDL_Color chakraColour(double frequency) {
     return opaque(255, 0, 255);
 }
 
+SDL_Color paletteColour(std::int32_t spectrumPalette, double hz) {
+    return spectrumPalette == 0 ? avatarColour(hz) : chakraColour(hz);
+}
+
 }  // namespace veloria

@@ -3,10 +3,15 @@
 
 #include <SDL.h>
 
+#include <cstdint>
+
 namespace veloria {
 
 // `frequency` in Hz. Each channel is held to 0 to 255 and then cut to a whole number; alpha 255.
 [[nodiscard]] SDL_Color avatarColour(double frequency);
 [[nodiscard]] SDL_Color chakraColour(double frequency);
+
+// The one that `spectrumPalette` chooses: 0 Avatar, anything else Chakra.
+[[nodiscard]] SDL_Color paletteColour(std::int32_t spectrumPalette, double hz);
 
 }  // namespace veloria

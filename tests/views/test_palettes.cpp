@@ -42,5 +42,11 @@ TEST(ChakraPalette, EachRangeBeginsAndEndsWhereItShould) {
     EXPECT_EQ(chakraColour(-20), (SDL_Color{0, 0, 0, 255}));
 }
 
+TEST(Palettes, TheNumberChoosesBetweenTheTwo) {
+    EXPECT_EQ(paletteColour(0, 462), avatarColour(462));
+    EXPECT_EQ(paletteColour(1, 462), chakraColour(462));
+    EXPECT_FALSE(avatarColour(462) == chakraColour(462));
+}
+
 }  // namespace
 }  // namespace veloria
