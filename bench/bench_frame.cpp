@@ -42,6 +42,7 @@ struct Window {
     ~Window() {
         clearTextCache(app.textCache);
         dropSceneTexture(app.kathara);
+        freeAssets(app.assets);
         SDL_DestroyRenderer(app.renderer);
         SDL_FreeSurface(surface);
         closeFonts(app.fonts);

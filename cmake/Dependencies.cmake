@@ -22,6 +22,7 @@ target_include_directories(minimp3 SYSTEM INTERFACE "${MINIMP3_INCLUDE_DIR}")
 
 if(VELORIA_TESTS)
   find_package(GTest REQUIRED)
+  pkg_check_modules(PNG REQUIRED IMPORTED_TARGET libpng)  # the kept pictures
 endif()
 if(VELORIA_BENCH)
   find_package(benchmark REQUIRED)

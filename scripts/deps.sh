@@ -15,7 +15,7 @@ build_packages=(
   fonts-liberation fonts-dejavu-core xvfb xauth
 )
 test_packages=(
-  libgtest-dev libbenchmark-dev clang-format g++-mingw-w64-x86-64 clang libclang-rt-14-dev
+  libgtest-dev libbenchmark-dev libpng-dev clang-format g++-mingw-w64-x86-64 clang libclang-rt-14-dev
   xdotool openbox x11-utils imagemagick dbus-x11 python3-minimal adwaita-icon-theme librsvg2-common
 )
 

@@ -87,6 +87,7 @@ bool initWindowAndFonts(AppState& app, const char* title, int width, int height)
 void shutdownWindowAndFonts(AppState& app) {
     if (app.renderer != nullptr) clearTextCache(app.textCache);
     dropSceneTexture(app.kathara);
+    freeAssets(app.assets);
     closeFonts(app.fonts);
     if (app.renderer != nullptr) SDL_DestroyRenderer(app.renderer);
     app.renderer = nullptr;

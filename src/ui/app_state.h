@@ -26,8 +26,11 @@
 #include "views/frame_snapshot.h"
 #include "views/kathara_host.h"
 #include "views/lotus.h"
+#include "views/sacred_panel.h"
 #include "views/scope.h"
 #include "views/shadow_view.h"
+#include "views/spectrum.h"
+#include "views/vitruvian_assets.h"
 #include "walker/scale_walker.h"
 
 namespace veloria {
@@ -89,8 +92,11 @@ struct AppState {
     CalculatorState calculator;
     ScopeState scopeView;
     LotusState lotus;  // and the clock of all views
+    SacredState sacred;
+    SpectrumState spectrum;
     ShadowState shadow;
-    KatharaState kathara;  // of the centre view and its panel
+    VitruvianAssets assets;  // of the renderer's memory: freed before it
+    KatharaState kathara;    // of the centre view and its panel
 
     Transport transport;
     ScaleWalker walker;

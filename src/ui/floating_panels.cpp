@@ -1,42 +1,38 @@
 #include "ui/floating_panels.h"
 
+#include "views/harmonics_spiral.h"
 #include "views/polar_rose.h"
 
 namespace veloria {
 
 namespace {
 
-// What stands in a panel's title bar.
-const char* panelTitle(const AppState& app, int id) {
-    switch (id) {
-        case kSpectrumPanel:
-            return app.spectrumPalette == 0 ? "SPECTRUM 3D  [Avatar]" : "SPECTRUM 3D  [Chakra]";
-        case kSacredPanel:
-            return "SACRED GEOMETRY  [Enneagram]";
-        case kHarmonicsPanel:
-            return "HARMONICS  [Fibonacci Spiral]";
-        default:
-            return "";
-    }
-}
-
 void drawFloatingPanel(AppState& app, int id) {
     const PanelState& panel = app.panels.panels[static_cast<std::size_t>(id)];
     const DrawContext& draw = app.draw;
     const FrameSnapshot& snapshot = app.snapshot;
+    const float time = app.lotus.viewTime;
     switch (id) {
         case kLotusPanel:
             return drawLotusPanel(draw, panel, app.lotus);
         case kPolarPanel:
             return drawPolarRosePanel(draw, panel, snapshot);
+        case kSpectrumPanel:
+            return drawSpectrumPanel(draw, panel, app.spectrum, snapshot, app.spectrumPalette, time);
+        case kSacredPanel:
+            return drawSacredPanel(draw, panel, app.sacred, snapshot, app.spectrumPalette, time,
+                                   app.assets.bitmapTexture);
+        case kHarmonicsPanel:
+            return drawHarmonicsPanel(draw, panel, snapshot, app.engine->fibonacciCount, app.spectrumPalette,
+                                      time);
         case kKatharaPanel:
-            return drawKatharaPanel(draw, panel, app.kathara, snapshot, app.lotus.viewTime, nullptr);
+            return drawKatharaPanel(draw, panel, app.kathara, snapshot, time, app.assets.bitmapTexture);
         case kScopePanel:
             return drawScopePanel(draw, panel, app.scopeView, snapshot);
         case kShadowPanel:
-            return drawShadowPanel(draw, panel, app.shadow, snapshot, app.lotus.viewTime);
+            return drawShadowPanel(draw, panel, app.shadow, snapshot, time);
         default:
-            return drawPanel(draw, panel, panelTitle(app, id), {}, [](const PanelLayout&) {});
+            return;
     }
 }
 

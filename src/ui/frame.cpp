@@ -84,6 +84,7 @@ void drawCentreView(AppState& app) {
 void composeFrame(AppState& app, std::uint32_t nowMs) {
     advance(app, nowMs);
     takeFrameSnapshot(*app.engine, app.scope, app.players.retuner, app.snapshot);
+    loadAssetsOnce(app.assets, app.renderer);
     updateLotusEnergy(app.lotus, app.snapshot.scope);
     prepareLayout(app);
     prepareContext(app, nowMs);

@@ -13,7 +13,10 @@ bool inCentre(const AppState& app, const PointerEvent& pointer) {
 }  // namespace
 
 void renderMemoryEvent(AppState& app, const SDL_Event& event) {
-    if (event.type == SDL_RENDER_DEVICE_RESET) clearTextCache(app.textCache);
+    if (event.type == SDL_RENDER_DEVICE_RESET) {
+        clearTextCache(app.textCache);
+        freeAssets(app.assets);
+    }
     if (event.type == SDL_RENDER_DEVICE_RESET || event.type == SDL_RENDER_TARGETS_RESET) {
         dropSceneTexture(app.kathara);
     }

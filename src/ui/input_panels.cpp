@@ -28,6 +28,11 @@ void addOwnControls(AppState& app, int id, PanelInput& input) {
                 return katharaPress(app.kathara, katharaPanelLayout(layout), x, y);
             };
             break;
+        case kSacredPanel:
+            input.titleExtra = [&app, layout](int x, int y) {
+                return sacredTitlePress(app.sacred, layout, x, y);
+            };
+            break;
         case kShadowPanel:
             input.titleExtra = [&app, layout](int x, int y) {
                 return shadowTitlePress(app.shadow, layout.frame, x, y);
@@ -41,6 +46,12 @@ void addOwnControls(AppState& app, int id, PanelInput& input) {
     }
 }
 
+// The close box leads a panel back to its picture.
+void endResearch(AppState& app, int id) {
+    if (id == kKatharaPanel) app.kathara.researchMode = false;
+    if (id == kSacredPanel) app.sacred.sacredResearchMode = false;
+}
+
 bool offerToPanel(AppState& app, int id, bool targeted, const PointerEvent& pointer, const SDL_Event& event) {
     PanelState& panel = app.panels.panels[static_cast<std::size_t>(id)];
     if (!panel.open) return false;
@@ -52,7 +63,7 @@ bool offerToPanel(AppState& app, int id, bool targeted, const PointerEvent& poin
     input.outsideCentre = pointer.x < app.layout.leftWidth || pointer.x >= app.layout.rightX;
     addOwnControls(app, id, input);
     const PanelOutcome outcome = panelEvent(panel, app.panelResize, input, event);
-    if (outcome.action == PanelAction::Closed && id == kKatharaPanel) app.kathara.researchMode = false;
+    if (outcome.action == PanelAction::Closed) endResearch(app, id);
     return outcome.consumed;
 }
 
@@ -65,6 +76,7 @@ bool resizeEvent(AppState& app, const SDL_Event& event) {
 // The wheel over a panel; one that has no use for it takes it all the same, so that nothing beneath it moves.
 void wheelOverPanel(AppState& app, int id, const SDL_Event& event) {
     if (id == kKatharaPanel) katharaWheel(app.kathara, KatharaHost::Panel, event.wheel.y);
+    if (id == kSacredPanel) sacredWheel(app.sacred, event.wheel.y);
 }
 
 // What was begun with a press on a control of the panel's own.

@@ -65,6 +65,12 @@ void toggleSpectrum(AppState& app) {
     raisePanel(app.panels, kSpectrumPanel);
 }
 
+// Closed by its button as by its box, the panel comes back with its figure.
+void toggleSacred(AppState& app) {
+    togglePanel(app.panels, kSacredPanel);
+    if (!isOpen<kSacredPanel>(app)) app.sacred.sacredResearchMode = false;
+}
+
 template <std::int32_t waveform>
 void setWaveform(AppState& app) {
     app.engine->waveform = waveform;
@@ -102,7 +108,7 @@ constexpr ButtonRow kButtonRows[] = {
      [](AppState& app) { call(app.onReset); }, never},
     {"SPEC 1", kLeftPanelGroup, kVizTab, {60, 80, 140, 255}, nullptr, toggleSpectrum<0>, isSpectrumOpen<0>},
     {"SPEC 2", kLeftPanelGroup, kVizTab, {140, 60, 120, 255}, nullptr, toggleSpectrum<1>, isSpectrumOpen<1>},
-    {"SACRED", kLeftPanelGroup, kVizTab, {60, 140, 100, 255}, nullptr, toggle<kSacredPanel>, isOpen<kSacredPanel>},
+    {"SACRED", kLeftPanelGroup, kVizTab, {60, 140, 100, 255}, nullptr, toggleSacred, isOpen<kSacredPanel>},
     {"HARMONICS", kLeftPanelGroup, kVizTab, {140, 100, 60, 255}, nullptr, toggle<kHarmonicsPanel>,
      isOpen<kHarmonicsPanel>},
     {"KATHARA", kLeftPanelGroup, kVizTab, {160, 130, 80, 255}, nullptr,

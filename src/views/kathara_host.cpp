@@ -9,6 +9,7 @@
 #include "views/kathara_paint.h"
 #include "views/research_pages.h"
 #include "views/scene_draw.h"
+#include "views/solfeggio_grid.h"
 
 namespace veloria {
 
@@ -111,9 +112,14 @@ void drawMainScene(const DrawContext& context, KatharaState& state, const SDL_Re
 }
 
 void drawPanelBody(const DrawContext& context, KatharaState& state, const PanelLayout& panel,
-                   const FrameSnapshot& snapshot, float time, SDL_Texture* /*backdrop*/) {
+                   const FrameSnapshot& snapshot, float time, SDL_Texture* backdrop) {
     if (state.researchMode) {
         drawResearchPage(context, panel.body, panel.body.x + kPanelPageLeft, katharaPage, state.panelPage);
+        return;
+    }
+    if (!state.kathara3dMode) {
+        const SceneNotes notes = sceneNotes(snapshot);
+        drawSolfeggioGrid(context, panel.body, notes.frequencySpan(), time, backdrop);
         return;
     }
     const KatharaLayout layout = katharaPanelLayout(panel);

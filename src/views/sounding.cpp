@@ -12,12 +12,12 @@ bool isPitch(double hz) {
     return hz > 0.0 && std::isfinite(hz);
 }
 
-// An octave of `hz` from half to twice `frequency`, both ends inside: what sounds at twice the frequency
-// stays there and is not taken for it.
+// The octave of `hz` between half and twice `frequency`, both ends outside: what sounds a whole octave above or
+// below comes home.
 double foldNear(double frequency, double hz) {
-    while (hz > 2.0 * frequency)
+    while (hz >= 2.0 * frequency)
         hz *= 0.5;
-    while (hz < frequency / 2.0)
+    while (hz <= frequency / 2.0)
         hz *= 2.0;
     return hz;
 }

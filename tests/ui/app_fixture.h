@@ -29,6 +29,7 @@ class AppTest : public testing::Test {
     }
     ~AppTest() override {
         dropSceneTexture(app.kathara);
+        freeAssets(app.assets);
         clearTextCache(app.textCache);
         closeFonts(app.fonts);
         TTF_Quit();
@@ -39,6 +40,7 @@ class AppTest : public testing::Test {
     void resize(int w, int h) {
         clearTextCache(app.textCache);
         dropSceneTexture(app.kathara);
+        freeAssets(app.assets);
         screen = std::make_unique<Offscreen>(w, h);
         screen->clear(kBackdrop);
         app.renderer = screen->renderer;

@@ -255,6 +255,19 @@ TEST_F(KatharaHosts, TheTitleSaysWhichPageThePanelShows) {
     EXPECT_TRUE(isText(panelPicture(), bar, "KATHARA  [Research]", 48, 34, fonts.fontTab, title));
 }
 
+TEST_F(KatharaHosts, WithoutThreeDimensionsThePanelShowsTheFlatGrid) {
+    const Picture scene = panelPicture();
+    state.kathara3dMode = false;
+    const Picture flat = panelPicture();
+    EXPECT_GT(changed(scene, flat, {42, 54, 516, 532}), 20000);
+    // No strip of sliders: the grid has the whole body.
+    EXPECT_FALSE(isColor(flat.at(44, 30 + 560 - 26 + 20), {25, 22, 38, 255}, 0));
+    // The node of 963 Hz stands at half the width and a twentieth of the height.
+    const int x = 42 + 24 + static_cast<int>(0.5f * (516 - 48));
+    const int y = 54 + 10 + static_cast<int>(0.05f * (534 - 20));
+    EXPECT_FALSE(isColor(flat.at(x - 11, y), test::over({22, 20, 30, 248}, test::kBackdrop), 4));
+}
+
 TEST_F(KatharaHosts, ResearchModeShowsAPageInBothHosts) {
     state.researchMode = true;
     const SDL_Color heading{255, 215, 80, 255};

@@ -318,6 +318,8 @@ TEST_F(SolfeggioGrid, AnActiveEdgeIsThreeLinesInTheMeanColourOfItsRealms) {
 }
 
 TEST_F(SolfeggioGrid, AnOctaveLightsANodeWithinThreePerCent) {
+    EXPECT_TRUE(isLit(drawSilently({792.0f}), 5));
+    EXPECT_TRUE(isLit(drawSilently({198.0f}), 5));
     EXPECT_TRUE(isLit(drawSilently({800.0f}), 5)) << "400";
     EXPECT_TRUE(isLit(drawSilently({193.0f}), 5)) << "386";
     EXPECT_TRUE(isLit(drawSilently({1600.0f}), 5));

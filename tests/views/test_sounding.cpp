@@ -23,14 +23,16 @@ TEST(SoundingNear, WithinThreePerCent) {
     EXPECT_FALSE(near(400, {388.0f}));
 }
 
-TEST(SoundingNear, OctavesCountAsFarAsTheFoldBringsThemHome) {
+TEST(SoundingNear, WholeOctavesComeHome) {
     EXPECT_TRUE(near(400, {1610.0f})) << "805, 402.5";
     EXPECT_TRUE(near(400, {99.0f})) << "198, 396";
-    // 800 does not exceed twice 400, so it stays there; likewise 200.
-    EXPECT_FALSE(near(400, {800.0f}));
-    EXPECT_FALSE(near(400, {1600.0f}));
-    EXPECT_FALSE(near(400, {200.0f}));
-    EXPECT_FALSE(near(400, {100.0f}));
+    EXPECT_TRUE(near(396, {792.0f}));
+    EXPECT_TRUE(near(396, {198.0f}));
+    EXPECT_TRUE(near(400, {1600.0f}));
+    EXPECT_TRUE(near(400, {100.0f}));
+    // Just inside the octave a pitch stays where it is, whole octave or nearly.
+    EXPECT_FALSE(near(400, {799.9f}));
+    EXPECT_FALSE(near(400, {200.1f}));
 }
 
 TEST(SoundingNear, AnyOfThemIsEnoughAndNoneIsNot) {
@@ -60,9 +62,10 @@ TEST(SoundingExact, OutsideItAnOctaveWithinTwoPerCentLights) {
     EXPECT_FALSE(exact(500, {1020.5f})) << "510.25 is more than 10 off";
     // Ten times 147 is no octave of it: 735.5, 367.75, 183.9.
     EXPECT_FALSE(exact(147, {1471.0f}));
-    // 1176 stops at 294, which does not exceed twice 147.
-    EXPECT_FALSE(exact(147, {1176.0f}));
-    EXPECT_FALSE(exact(500, {1000.0f}));
+    EXPECT_TRUE(exact(147, {1176.0f})) << "three octaves";
+    EXPECT_TRUE(exact(500, {1000.0f}));
+    EXPECT_TRUE(exact(150, {75.0f}));
+    EXPECT_FALSE(exact(147, {1175.0f})) << "stays at 293.75, just below the octave";
 }
 
 TEST(Sounding, WhatIsNoPitchNeitherLightsNorHangs) {
