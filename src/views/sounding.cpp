@@ -12,8 +12,8 @@ bool isPitch(double hz) {
     return hz > 0.0 && std::isfinite(hz);
 }
 
-// The octave of `hz` between half and twice `frequency`, both ends outside: what sounds a whole octave above or
-// below comes home.
+// The octave of `hz` between half and twice `frequency`, both ends outside: what sounds a whole octave above
+// or below comes home.
 double foldNear(double frequency, double hz) {
     while (hz >= 2.0 * frequency)
         hz *= 0.5;
