@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Starts the real program on a virtual display, puts it into its main states and writes a picture of each.
 # Usage: scripts/screenshots.sh [FOLDER] [PROGRAM]   the folder is docs/images unless another is named.
+# The pictures of the manual, in its folder `manual`, are kept in the tree; the others are for looking at.
 set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 # shellcheck source=../tests/desktop.sh
@@ -49,10 +50,18 @@ picture() {
   import -window "$window" "$folder/$1.png"
   echo "$folder/$1.png"
 }
+# part NAME X Y W H: a part of the window, for the manual.
+part() {
+  sleep 0.3
+  mkdir -p "$folder/manual"
+  import -window "$window" -crop "$4x$5+$2+$3" +repage -strip "$folder/manual/$1.png"
+  echo "$folder/manual/$1.png"
+}
 tab() { click_at $((33 + 66 * $1)) 46; }
 resize() {
   xdotool windowmove "$window" 0 0 windowsize "$window" "$1" "$2"
   await geometry "WIDTH=$1"
+  sleep 0.3 # until a frame has been laid out in the new size
 }
 
 await geometry WIDTH=1280
@@ -119,3 +128,47 @@ tab 4
 click_at 100 306 # SCOPE
 picture scope
 click_at 100 306
+
+# The manual's pictures, with the canon played from its beginning. More room for the centre view first. The buttons
+# of the tab VIZ stand 32 pixels apart; they are clicked at their left ends, where no panel lies over them.
+drag() { xdotool mousemove --window "$window" "$1" "$2" mousedown 1 mousemove --window "$window" "$3" "$4" mouseup 1; }
+drag 960 890 960 700
+drag 880 300 1240 300
+viz() { click_at 20 $((82 + 32 * $1)); }
+click_at 1004 16 # STOP
+click_at 1044 16 # PLAY
+sleep 1
+viz 5 # LOTUS: its clock makes all pictures breathe
+sleep 1
+part lotus 100 100 360 360
+viz 5
+for panel in 0:spectrum:100:100:560:380 2:sacred:160:80:420:420 3:harmonics:200:120:420:420 6:polar:160:100:360:360 \
+  7:scope:50:50:600:220; do
+  IFS=: read -r button name x y w h <<<"$panel"
+  viz "$button"
+  part "$name" "$x" "$y" "$w" "$h"
+  viz "$button"
+done
+viz 8 # KATHARA PANEL
+part kathara_panel 240 60 520 560
+click_at 705 71 # its "i" box
+part kathara_research 240 60 520 560
+click_at 705 71
+viz 8
+viz 9 # SHADOW
+click_at 200 150
+click_at 400 300
+part shadow 180 80 480 520
+click_at 595 90 # 555
+part shadow_555 180 80 480 520
+click_at 555 90
+viz 9
+viz 7
+click_at 207 1035 # CALC
+part calculator 50 50 640 450
+click_at 629 131
+viz 7
+for view in 941:front 986:top 1031:side 1076:inside; do
+  click_at "${view%%:*}" 45
+  part "kathara_${view#*:}" 401 32 838 668
+done
