@@ -92,6 +92,15 @@ void render(Recorder& recorder, const std::string& path, const ExportSurrounding
     static_cast<void>(exportRecorderToWav(recorder, path, [&view](float progress) { view.show(progress); }));
 }
 
+void drawLastFrame(const ExportSurroundings& surroundings) {
+    if (!surroundings.drawFrame) return;
+    try {
+        surroundings.drawFrame(platform::ticksMs());
+    } catch (...) {
+        // The memory that it lacked is the export's own, and given back by now: the next frame will have it.
+    }
+}
+
 }  // namespace
 
 void exportRecorderDialog(Recorder& recorder, SynthEngine& engine, const ExportSurroundings& surroundings) {
@@ -108,7 +117,7 @@ void exportRecorderDialog(Recorder& recorder, SynthEngine& engine, const ExportS
     render(recorder, path, surroundings);
     clearScopes(engine, surroundings.scope);
     if (surroundings.resetViews) surroundings.resetViews();
-    if (surroundings.drawFrame) surroundings.drawFrame(platform::ticksMs());
+    drawLastFrame(surroundings);
 }
 
 }  // namespace veloria

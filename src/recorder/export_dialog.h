@@ -16,7 +16,7 @@ struct ExportSurroundings {
     bool* exporting = nullptr;         // true while rendering: frames must then not begin or end any voice
     ScopeBuffer* scope = nullptr;      // emptied afterwards, under AudioLock
     std::function<void()> pumpEvents;  // keeps the system from calling the window dead
-    std::function<void(std::uint32_t nowMs)> drawFrame;  // a whole frame
+    std::function<void(std::uint32_t nowMs)> drawFrame;  // a whole frame; may throw for want of memory
     std::function<void()>
         resetViews;  // afterwards: what the views have gathered of the sound, and the frame clock
 };

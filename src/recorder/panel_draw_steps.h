@@ -11,7 +11,11 @@
 namespace veloria {
 
 // Channel rows, their clips and the playhead.
-void drawRecorderRows(const DrawContext& context, const Recorder& recorder, const RecorderLayout& layout);
+void drawRecorderRows(const DrawContext& context, Recorder& recorder, const RecorderLayout& layout);
+
+// The clips, over the rows that were drawn just before. Draws them only when they have changed, if that is
+// quicker; `recorder` then keeps their picture.
+void drawRecorderClips(const DrawContext& context, Recorder& recorder, const RecorderLayout& layout);
 
 // Scroll bars, transport bar and the last line.
 void drawRecorderFoot(const DrawContext& context, const Recorder& recorder, const RecorderLayout& layout);

@@ -14,6 +14,7 @@
 
 #include "engine/synth_engine.h"
 #include "recorder/clip.h"
+#include "recorder/kept_clips.h"
 
 namespace veloria {
 
@@ -103,6 +104,8 @@ struct Recorder {  // NOLINT(clang-analyzer-optin.performance.Padding)
 
     std::vector<ClipboardClip> clipboard;
     double clipboardStart = kNoClipboardStart;  // s; the earliest start in the clipboard
+
+    KeptClips keptClips;  // of the panel's drawing alone
 };
 
 }  // namespace veloria

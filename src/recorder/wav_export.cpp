@@ -1,6 +1,7 @@
 #include "recorder/wav_export.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "engine/audio_lock.h"
@@ -155,7 +156,12 @@ RenderOutcome renderRecorder(Recorder& recorder, const ExportProgress& progress,
                              std::vector<std::int16_t>& samples) {
     samples.clear();
     if (recorder.engine == nullptr || recorder.clipCount == 0) return RenderOutcome::Nothing;
-    ExportPlan plan = planExport(recorder);
+    ExportPlan plan;
+    try {
+        plan = planExport(recorder);
+    } catch (const std::exception&) {  // no memory
+        return RenderOutcome::GivenUp;
+    }
     if (!(plan.seconds > 0.0)) return RenderOutcome::Nothing;
     return renderVoices(*recorder.engine, std::move(plan.voices), plan.seconds, progress, samples);
 }

@@ -30,7 +30,7 @@ struct ExportPlan {
 };
 
 // The span is the range while that is switched on and not empty, else 0 to recorderEnd. Clips on channels
-// that are disabled or not in use make no voices.
+// that are disabled or not in use make no voices. Throws std::bad_alloc.
 [[nodiscard]] ExportPlan planExport(const Recorder& recorder);
 
 // Renders `voices` into interleaved 16-bit stereo, for `seconds` and one more in which the last of them ring

@@ -64,11 +64,17 @@ RecorderClip clipTemplate(const SynthEngine& engine) {
     return clip;
 }
 
+// When the event came about, ms. All that has queued up behind a long frame is handed out at one instant;
+// only the event itself knows that two clicks lay far apart. One that was made by hand says nothing.
+std::uint32_t eventTicks(const AppState& app, const SDL_Event& event) {
+    return event.common.timestamp != 0 ? event.common.timestamp : app.draw.ticks;
+}
+
 }  // namespace
 
 bool recorderEvent(AppState& app, const SDL_Event& event) {
     RecorderInput input;
-    input.ticks = app.draw.ticks;
+    input.ticks = eventTicks(app, event);
     SDL_GetMouseState(&input.mouseX, &input.mouseY);
     input.modifiers = SDL_GetModState();
     input.onOpenField = [&app] { endCalculatorEditing(app.calculator); };

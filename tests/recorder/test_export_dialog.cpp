@@ -1,6 +1,7 @@
 #include "recorder/export_dialog.h"
 
 #include <algorithm>
+#include <new>
 #include <stdexcept>
 
 #include "engine/control.h"
@@ -252,6 +253,39 @@ TEST_F(ExportDialog, ADrawingThatThrowsEndsTheRenderAndNotTheProgram) {
     EXPECT_FALSE(exporting);
     EXPECT_EQ(recorder.exportProgress, 0.0f);
     EXPECT_EQ(engine.masterLevel, 0.3f);
+}
+
+TEST_F(ExportDialog, FramesWithoutMemoryLeaveTheEngineAndTheDeviceAsAfterAnyExport) {
+    prepare();
+    midi.paused = false;
+    midi.nextNote = 1;
+    engine.time = 1.5;
+    scope.samples.fill(0.5f);
+    onFrame = [] { throw std::bad_alloc(); };
+    EXPECT_NO_THROW(run());
+    EXPECT_EQ(frames.size(), 2u) << "the render's first, and the last";
+    EXPECT_FALSE(std::filesystem::exists(path("out.wav")));
+    EXPECT_TRUE(engine.voices.empty());
+    EXPECT_EQ(engine.time, 0.0);
+    EXPECT_EQ(engine.masterLevel, 0.3f);
+    EXPECT_FALSE(fakePlatform().audioPaused);
+    EXPECT_EQ(fakePlatform().lockDepth, 0);
+    EXPECT_FALSE(exporting);
+    EXPECT_EQ(recorder.exportProgress, 0.0f);
+    EXPECT_FALSE(midi.paused);
+    EXPECT_DOUBLE_EQ(engine.time - midi.timeOffset, 1.5);
+    EXPECT_EQ(scope.samples[7], 0.0f);
+    EXPECT_EQ(resets, 1);
+}
+
+TEST_F(ExportDialog, ALastFrameThatFailsCostsNoFile) {
+    prepare();
+    onFrame = [this] {
+        if (!exporting) throw std::bad_alloc();
+    };
+    EXPECT_NO_THROW(run());
+    EXPECT_EQ(std::filesystem::file_size(path("out.wav")), 44u + 4u * (44100 + 4410));
+    EXPECT_FALSE(fakePlatform().audioPaused);
 }
 
 TEST_F(ExportDialog, NeedsNothingAroundIt) {

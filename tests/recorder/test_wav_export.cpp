@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <limits>
+#include <new>
 #include <stdexcept>
 
 #include "engine/control.h"
@@ -368,6 +369,24 @@ TEST_F(WavExport, AProgressFunctionThatThrowsGivesTheRenderUp) {
     expectEngineBack();
 }
 
+TEST_F(WavExport, WantOfMemoryInTheFirstOrTheLastCallOfProgressGivesTheEngineBack) {
+    addSine(0, 440.0, 0.0, 1.0);
+    for (const int last : {1, 21}) {  // of 21 calls
+        engine.voices.clear();
+        occupyEngine();
+        int calls = 0;
+        std::vector<std::int16_t> samples;
+        const auto progress = [&](float) {
+            EXPECT_NE(engine.time, 12.5);  // the engine is the render's
+            if (++calls == last) throw std::bad_alloc();
+        };
+        EXPECT_EQ(renderRecorder(recorder, progress, samples), RenderOutcome::GivenUp);
+        EXPECT_EQ(calls, last);
+        EXPECT_TRUE(samples.empty());
+        expectEngineBack();
+    }
+}
+
 TEST_F(WavExport, WhatAFileCannotCountIsRefusedBeforeTheEngineIsTouched) {
     addSine(0, 440.0, 0.0, 1.0);
     occupyEngine();
@@ -404,6 +423,26 @@ TEST_F(WavExport, MemoryThatCannotBeHadGivesTheRenderUp) {
         const bool refused = !exportRecorderToWav(recorder, path("out.wav"), {});
         expectEngineBack();
         std::exit(givenUp && refused && !HasFailure() ? 7 : 1);
+    };
+    EXPECT_EXIT(tryWithoutMemory(), ::testing::ExitedWithCode(7), "");
+    EXPECT_FALSE(std::filesystem::exists(path("out.wav")));
+}
+
+TEST_F(WavExport, AnArrangementTooLargeToPlanGivesTheRenderUpBeforeItBegins) {
+    addSine(0, 440.0, 0.0, 1.0);
+    occupyEngine();
+    const auto tryWithoutMemory = [this] {
+        const rlimit limit{1u << 30, 1u << 30};
+        setrlimit(RLIMIT_AS, &limit);
+        recorder.clipCount = 1 << 30;  // room is taken for this many voices at once
+        fakePlatform().log.clear();
+        std::vector<std::int16_t> samples = {1, 2};
+        EXPECT_EQ(renderRecorder(recorder, {}, samples), RenderOutcome::GivenUp);
+        EXPECT_TRUE(samples.empty());
+        EXPECT_FALSE(exportRecorderToWav(recorder, path("out.wav"), {}));
+        EXPECT_TRUE(fakePlatform().log.empty());
+        expectEngineBack();
+        std::exit(HasFailure() ? 1 : 7);
     };
     EXPECT_EXIT(tryWithoutMemory(), ::testing::ExitedWithCode(7), "");
     EXPECT_FALSE(std::filesystem::exists(path("out.wav")));

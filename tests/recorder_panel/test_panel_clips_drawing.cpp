@@ -122,6 +122,27 @@ TEST_F(RecorderClips, LevelBarIsAsLongAsTheAmplitude) {
     EXPECT_TRUE(isColor(drawn().at(x0 + 2, kTop + 27), body)) << "too narrow for a bar";
 }
 
+TEST_F(RecorderClips, LevelBarIsCutToWholePixelsAndNotRounded) {
+    RecorderClip& made = wide(44);
+    const SDL_Color level = over({60, 180, 100, 120}, body);
+    made.gainInDb = -2.0f;  // 0.794 of 40: 31.77
+    Picture seen = drawn();
+    EXPECT_TRUE(isColor(seen.at(x0 + 2 + 30, kTop + 27), level));
+    EXPECT_TRUE(isColor(seen.at(x0 + 2 + 31, kTop + 27), body));
+    made.gainInDb = -33.0f;  // 0.9: less than a pixel
+    EXPECT_TRUE(isColor(drawn().at(x0 + 2, kTop + 27), body));
+    made.gainInDb = 0.1f;  // 40.46: already longer than the clip has room for
+    EXPECT_TRUE(isColor(drawn().at(x0 + 5, kTop + 27), body));
+}
+
+TEST_F(RecorderClips, ALevelBeyondAllNumbersHasNoBar) {
+    RecorderClip& made = wide(44);
+    for (const float db : {1e30f, -1e30f, std::nanf("")}) {
+        made.gainInDb = db;
+        EXPECT_TRUE(isColor(drawn().at(x0 + 5, kTop + 27), body)) << db;
+    }
+}
+
 TEST_F(RecorderClips, LabelFromFortyNinePixelsOn) {
     wide(48).label = "528";
     EXPECT_TRUE(isColor(drawn().at(x0 + 20, kTop + 10), body));

@@ -1,4 +1,6 @@
 // The two range fields and their switch.
+#include <utility>
+
 #include "tests/recorder_panel/panel_fixture.h"
 
 namespace veloria {
@@ -72,7 +74,8 @@ TEST_F(RecorderRange, TheEndsPushEachOther) {
 
 TEST_F(RecorderRange, WhatIsNoNumberOrTooLargeCountsAsZero) {
     const std::string huge(400, '9');
-    for (const std::string& text : {std::string(), std::string("."), std::string(".."), huge}) {
+    const std::string tiny = "0." + std::string(400, '0') + "1";
+    for (const std::string& text : {std::string(), std::string("."), std::string(".."), huge, tiny}) {
         recorder.rangeStart = 5.0;
         openStart();
         recorder.rangeText = text;
@@ -80,13 +83,23 @@ TEST_F(RecorderRange, WhatIsNoNumberOrTooLargeCountsAsZero) {
         EXPECT_DOUBLE_EQ(recorder.rangeStart, 0.0) << text;
     }
     openStart();
-    retype("1.25.9");
-    key(SDLK_RETURN);
-    EXPECT_DOUBLE_EQ(recorder.rangeStart, 1.25) << "as much of it as is a number";
-    openStart();
     recorder.rangeText = "-3";
     key(SDLK_RETURN);
     EXPECT_DOUBLE_EQ(recorder.rangeStart, 0.0);
+}
+
+TEST_F(RecorderRange, TheLongestBeginningThatIsANumberCounts) {
+    const std::pair<const char*, double> cases[] = {{"1.2.3", 1.2}, {"1.25.9", 1.25}, {"7.", 7.0},
+                                                    {"7..5", 7.0},  {".5.5", 0.5},    {"..5", 0.0},
+                                                    {"007.5", 7.5}};
+    for (const auto& [text, value] : cases) {
+        recorder.rangeStart = 5.0;
+        openStart();
+        retype(text);
+        EXPECT_EQ(recorder.rangeText, text);
+        key(SDLK_RETURN);
+        EXPECT_DOUBLE_EQ(recorder.rangeStart, value) << text;
+    }
 }
 
 TEST_F(RecorderRange, EscapeChangesNothing) {

@@ -1,10 +1,15 @@
-// A hundred thousand random events and operations, with all references checked. VELORIA_SEED repeats a run.
+// A hundred thousand random events and operations, imports of MIDI files among them, with all references
+// checked. VELORIA_SEED repeats a run.
 #include <cstdlib>
 #include <iostream>
 #include <random>
 #include <set>
 
 #include "engine/control.h"
+#include "media/midi_parser.h"
+#include "platform/fake/fake_platform.h"
+#include "recorder/midi_import.h"
+#include "tests/media/midi_bytes.h"
 #include "tests/recorder_panel/panel_fixture.h"
 
 namespace veloria {
@@ -12,6 +17,7 @@ namespace {
 
 constexpr int kEvents = 100000;
 constexpr int kMostClips = 300;
+constexpr int kMidiFiles = 8;
 
 std::uint32_t chosenSeed() {
     const char* given = std::getenv("VELORIA_SEED");
@@ -64,8 +70,36 @@ class RecorderSoak : public test::RecorderPanelTest {
             key(kKeys[below(9)], static_cast<Uint16>(anyModifiers()), below(3) == 0);
         }
     }
+    // From a single note to a chord that takes every row; soft and short notes are among them.
+    MidiFile someMidiFile() {
+        test::MidiTrack track;
+        for (int bar = 1 + below(4); bar > 0; --bar) {
+            const int chord = 1 + below(below(3) == 0 ? 40 : 5);
+            const int key = 30 + below(40);
+            for (int i = 0; i < chord; ++i)
+                track.on(i == 0 ? static_cast<std::uint32_t>(below(100)) : 0, below(16), key + i,
+                         1 + below(127));
+            for (int channel = 0; channel < 16; ++channel) {
+                for (int i = 0; i < chord; ++i)
+                    track.off(i == 0 ? static_cast<std::uint32_t>(below(30)) : 0, channel, key + i);
+            }
+        }
+        const test::Bytes bytes = test::midiFile(48, {track.endOfTrack()});
+        MidiFile file;
+        file.notes = pairMidiNotes(parseMidiEvents(bytes));
+        return file;
+    }
+    void import() {
+        if (below(4) != 0) return;
+        MidiFile& file = midiFiles[static_cast<std::size_t>(below(kMidiFiles))];
+        file.normalizeMatch = static_cast<std::uint8_t>(below(2));
+        engine.sacredOptimizer = below(2) == 0;
+        importMidiToRecorder(file, recorder, engine);
+        ++imports;
+        imported += recorder.clipCount;
+    }
     void operation() {
-        switch (below(9)) {
+        switch (below(10)) {
             case 0:
             case 1:
             case 2:
@@ -86,6 +120,9 @@ class RecorderSoak : public test::RecorderPanelTest {
                 below(2) == 0 ? addChannel(recorder) : removeChannel(recorder);
                 break;
             case 7:
+                import();
+                break;
+            case 8:
                 area = below(4) == 0 ? SDL_Rect{0, 690 - 150, 300 + below(1000), 150}
                                      : SDL_Rect{0, 350, 1280, 340};
                 break;
@@ -94,7 +131,7 @@ class RecorderSoak : public test::RecorderPanelTest {
                 break;
         }
     }
-    // As the transport's reset does, and as an import begins.
+    // As the transport's reset does.
     void reset() {
         if (below(20) != 0) return;
         if (below(2) == 0) {
@@ -164,6 +201,9 @@ class RecorderSoak : public test::RecorderPanelTest {
     }
 
     std::mt19937 random;
+    std::vector<MidiFile> midiFiles;
+    int imports = 0;
+    int imported = 0;  // clips
 };
 
 TEST_F(RecorderSoak, RandomEventsLeaveNoReferenceBehind) {
@@ -171,6 +211,8 @@ TEST_F(RecorderSoak, RandomEventsLeaveNoReferenceBehind) {
     random.seed(seed);
     std::cout << "seed " << seed << "; again with: VELORIA_SEED=" << seed
               << " test_recorder_panel --gtest_filter=RecorderSoak.*\n";
+    for (int i = 0; i < kMidiFiles; ++i)
+        midiFiles.push_back(someMidiFile());
     int drawings = 0;
     int edits = 0;
     int grabs = 0;
@@ -186,11 +228,15 @@ TEST_F(RecorderSoak, RandomEventsLeaveNoReferenceBehind) {
             drawnWithEditor();
             drawDroneGhost(context, recorder);
             ++drawings;
+            platform::fakePlatform().log.clear();
         }
     }
     EXPECT_EQ(drawings, kEvents / 200);
     EXPECT_GT(edits, kEvents / 200) << "the editor was hardly ever open";
     EXPECT_GT(grabs, kEvents / 200) << "hardly a clip was ever held";
+    EXPECT_GT(imports, kEvents / 1000);
+    EXPECT_GT(imported, imports) << "the files were empty";
+    std::cout << imports << " imports of " << imported << " clips\n";
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "recorder/panel.h"
 #include "recorder/playback.h"
 #include "tests/ui/events.h"
+#include "tests/ui/text_probe.h"
 
 namespace veloria {
 namespace {
@@ -158,10 +159,83 @@ TEST_F(RecorderInputTest, TheExportsProgressLiesOverEverything) {
     panel(kScopePanel).open = true;
     panel(kScopePanel).maximised = true;
     toggleCalculator(app.calculator);
-    app.calculator.calcRect = {480, 200, 340, 378};
+    app.calculator.calcRect = {480, 200, 200, 378};  // over the left half of the box
+    beginDroneDrag(app.recorder, "528", 528.0, {200, 60, 60, 255}, 6, 0);
+    setDragMouse(app.recorder, 800, 336);  // over its upper right corner
+    frame();
+    const test::Picture before = picture();
     app.recorder.exportProgress = 0.5f;
     frame();
-    EXPECT_NEAR(at(640 - 150, 360 - 20).r, 12, 6);
+    const test::Picture seen = picture();
+
+    const SDL_Rect box{480, 336, 320, 48};
+    const auto fill = [&](int x, int y) { return test::over({12, 12, 18, 235}, before.at(x, y)); };
+    const auto border = [&](int x, int y) { return test::over({60, 160, 200, 220}, fill(x, y)); };
+    for (int y = 0; y < 720; ++y) {
+        for (int x = 0; x < 1280; ++x) {
+            const bool inside = contains(box, x, y);
+            const bool edge = inside && !contains({481, 337, 318, 46}, x, y);
+            if (!inside) {
+                ASSERT_EQ(seen.at(x, y), before.at(x, y)) << x << " " << y;
+            } else if (edge) {
+                ASSERT_TRUE(test::isColor(seen.at(x, y), border(x, y))) << x << " " << y;
+            }
+        }
+    }
+    for (const SDL_Point& ground : {SDL_Point{490, 342}, {490, 380}, {790, 342}, {790, 380}})
+        EXPECT_TRUE(test::isColor(seen.at(ground.x, ground.y), fill(ground.x, ground.y))) << ground.x;
+    EXPECT_EQ(seen.at(492, 366), (SDL_Color{60, 180, 100, 255}));
+    EXPECT_EQ(seen.at(639, 373), (SDL_Color{60, 180, 100, 255})) << "half of 296 columns";
+    EXPECT_EQ(seen.at(640, 370), app.theme.themeTrack);
+    EXPECT_EQ(seen.at(787, 370), app.theme.themeTrack);
+    const char* text = "Rendering WAV... 50%";
+    const SDL_Point place = test::centredPlace(text, {480, 341, 320, 18}, app.fonts.fontTab);
+    test::Picture below = before;
+    for (std::size_t i = 0; i < below.pixels.size(); ++i)
+        below.pixels[i] = test::over({12, 12, 18, 235}, below.pixels[i]);
+    EXPECT_TRUE(test::isText(seen, below, text, place.x, place.y, app.fonts.fontTab, app.theme.themeText));
+}
+
+// Two clicks on a clip that are handled within one frame, or far apart.
+class RecorderDoubleClick : public RecorderInputTest {
+  protected:
+    RecorderDoubleClick() {
+        RecorderClip clip;
+        clip.end = 10.0;
+        addClip(app.recorder, 0, 440.0, clip);
+    }
+    // A press and its release that happened at `timestamp` (ms) and are handled in a frame at `ticks`.
+    void clickAt(std::uint32_t timestamp, std::uint32_t ticks) {
+        app.draw.ticks = ticks;
+        const SDL_Point place = onRow(0, 200);
+        for (const Uint32 type : {SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP}) {
+            SDL_Event event = test::mouseButton(type, place.x, place.y, SDL_BUTTON_LEFT);
+            event.common.timestamp = timestamp;
+            handleEvent(app, event);
+        }
+    }
+};
+
+TEST_F(RecorderDoubleClick, TwoClicksFarApartAreNoneThoughOneFrameHandlesBoth) {
+    clickAt(50000, 51000);
+    clickAt(50800, 51000);
+    EXPECT_FALSE(app.recorder.editOpen);
+    clickAt(51199, 51200);
+    EXPECT_TRUE(app.recorder.editOpen) << "399 ms after the second";
+}
+
+TEST_F(RecorderDoubleClick, TwoClicksCloseTogetherAreOneThoughALongFrameLiesBetween) {
+    clickAt(50000, 50001);
+    clickAt(50300, 52000);
+    EXPECT_TRUE(app.recorder.editOpen);
+}
+
+TEST_F(RecorderDoubleClick, AnEventWithoutATimeIsOfItsFrame) {
+    clickAt(0, 50000);
+    clickAt(0, 50400);
+    EXPECT_FALSE(app.recorder.editOpen);
+    clickAt(0, 50799);
+    EXPECT_TRUE(app.recorder.editOpen);
 }
 
 }  // namespace
