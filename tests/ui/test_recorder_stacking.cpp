@@ -88,14 +88,14 @@ TEST_F(RecorderStacking, TheCalculatorLiesOverTheEditor) {
 
 TEST_F(RecorderStacking, TheGhostLiesOverTheCalculatorThePanelsAndTheEditor) {
     openEditor(100);
-    panel(kLotusPanel).open = true;
-    panel(kLotusPanel).rect = {420, 40, 300, 300};
+    panel(kPolarPanel).open = true;
+    panel(kPolarPanel).rect = {420, 40, 300, 300};
     toggleCalculator(app.calculator);
     app.calculator.calcRect = {640, 100, 340, 378};
     const Picture without = framed();
     constexpr SDL_Color kRed{220, 40, 40, 255};
     beginDroneDrag(app.recorder, "", 528.0, kRed, 6, 0);
-    // Over the calculator's edge, its title bar, the panel, the editor.
+    // Over the calculator's edge, its title bar, a panel that stands still, the editor.
     for (const SDL_Point& place : {SDL_Point{640, 300}, {700, 111}, {500, 200}, {200, 500}}) {
         setDragMouse(app.recorder, place.x, place.y);
         const Picture seen = framed();
