@@ -145,7 +145,11 @@ TEST_F(PanelContent, TheSpiralIsAsLongAsTheFibonacciStackIsDeep) {
 }
 
 TEST_F(PanelContent, TheEnneagramAndTheSpiralMoveWithTheViewClockAndChangeWithThePalette) {
-    app.sizes.leftWidth = 10;  // nothing else that changes lies beneath them
+    // The scene, which moves as well, would shine through.
+    app.sizes.leftWidth = 10;
+    app.sizes.rightX = 60;
+    frame();
+    ASSERT_FALSE(centreShown(app.layout));
     addVoice(528.0, 0.5f);
     engine.time = 500.0;
     for (const int id : {kSacredPanel, kHarmonicsPanel}) {
