@@ -1,5 +1,8 @@
+#include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -9,6 +12,7 @@
 #include "engine/control.h"
 #include "media/midi_playback.h"
 #include "platform/fake/fake_platform.h"
+#include "recorder/clips.h"
 
 namespace veloria {
 namespace {
@@ -149,6 +153,54 @@ TEST_F(MainLoop, TheInstalledOperationsAreTheTransports) {
     app->onLoadFile("/no/such/file.mid");
     EXPECT_EQ(app->transport.currentPath, "/no/such/file.mid");
     EXPECT_EQ(app->transport.kind, MediaKind::Midi);
+}
+
+// The view clock and what the petals have heard.
+class ViewClock : public MainLoop {
+  protected:
+    void SetUp() override {
+        MainLoop::SetUp();
+        app->lotus.viewTime = 1.5f;
+        app->lotus.lotusEnergy.fill(0.5f);
+    }
+    [[nodiscard]] bool isAtZero() const {
+        const auto& energy = app->lotus.lotusEnergy;
+        return app->lotus.viewTime == 0.0f &&
+               std::all_of(energy.begin(), energy.end(), [](float value) { return value == 0.0f; });
+    }
+};
+
+TEST_F(ViewClock, AResetTakesItToZero) {
+    app->onReset();
+    EXPECT_TRUE(isAtZero());
+}
+
+TEST_F(ViewClock, ALoadAStopAndAPlayLeaveItAlone) {
+    app->onLoadFile("/no/such/file.mid");
+    app->onPlay();
+    app->onStop();
+    EXPECT_EQ(app->lotus.viewTime, 1.5f);
+    EXPECT_EQ(app->lotus.lotusEnergy[4], 0.5f);
+}
+
+TEST_F(ViewClock, AnExportTakesItToZeroAndACancelledOneDoesNot) {
+    SDL_Surface* surface = SDL_CreateRGBSurfaceWithFormat(0, 320, 240, 32, SDL_PIXELFORMAT_ARGB8888);
+    app->renderer = SDL_CreateSoftwareRenderer(surface);
+    app->recorder.engine = &engine;
+    RecorderClip clip;
+    clip.id = app->recorder.nextClipId++;
+    clip.end = 0.05;
+    addClip(app->recorder, 0, 440.0, clip);
+    app->recorder.onExportRecorder();
+    EXPECT_EQ(app->lotus.viewTime, 1.5f);
+    const std::filesystem::path file = std::filesystem::path(::testing::TempDir()) / "veloria_view_clock.wav";
+    fakePlatform().dialogPaths = {file.string()};
+    app->recorder.onExportRecorder();
+    EXPECT_TRUE(isAtZero());
+    EXPECT_TRUE(std::filesystem::remove(file)) << "it was an export";
+    SDL_DestroyRenderer(app->renderer);
+    app->renderer = nullptr;
+    SDL_FreeSurface(surface);
 }
 
 }  // namespace

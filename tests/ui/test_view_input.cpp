@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "engine/control.h"
 #include "tests/ui/events.h"
@@ -115,6 +116,55 @@ TEST_F(ViewInput, ThePetalsAreMeasuredWhetherTheirPanelIsOpenOrNot) {
     const auto& energy = app.lotus.lotusEnergy;
     EXPECT_EQ(std::max_element(energy.begin(), energy.end()) - energy.begin(), 7);
     EXPECT_GT(energy[7], 0.05f);
+}
+
+// What a panel shows, without its frame.
+class PanelContent : public ViewInput {
+  protected:
+    [[nodiscard]] std::vector<SDL_Color> content(int id) {
+        frame();
+        const SDL_Rect body = panelLayout(panel(id), app.layout.windowW, app.layout.windowH).body;
+        const test::Picture seen = picture();
+        std::vector<SDL_Color> colors;
+        for (int y = body.y; y < body.y + body.h; ++y) {
+            for (int x = body.x; x < body.x + body.w; ++x)
+                colors.push_back(seen.at(x, y));
+        }
+        return colors;
+    }
+};
+
+TEST_F(PanelContent, TheSpiralIsAsLongAsTheFibonacciStackIsDeep) {
+    open(kHarmonicsPanel);
+    engine.fibonacciCount = 0;
+    const auto shallowest = content(kHarmonicsPanel);
+    engine.fibonacciCount = 6;
+    EXPECT_EQ(content(kHarmonicsPanel), shallowest);
+    engine.fibonacciCount = 3;
+    EXPECT_NE(content(kHarmonicsPanel), shallowest);
+}
+
+TEST_F(PanelContent, TheEnneagramAndTheSpiralMoveWithTheViewClockAndChangeWithThePalette) {
+    // The scene, which moves as well, would shine through.
+    app.sizes.leftWidth = 10;
+    app.sizes.rightX = 60;
+    frame();
+    ASSERT_FALSE(centreShown(app.layout));
+    addVoice(528.0, 0.5f);
+    engine.time = 500.0;
+    for (const int id : {kSacredPanel, kHarmonicsPanel}) {
+        open(id);
+        app.lotus.viewTime = 0.0f;
+        app.spectrumPalette = 0;
+        const auto first = content(id);
+        EXPECT_EQ(content(id), first) << id;
+        app.lotus.viewTime = 0.5f;
+        const auto later = content(id);
+        EXPECT_NE(later, first) << id;
+        app.spectrumPalette = 1;
+        EXPECT_NE(content(id), later) << id;
+        closePanel(app.panels, id);
+    }
 }
 
 TEST_F(ViewInput, EveryPanelMayBeOpenAtOnceAtItsSmallestAndMaximised) {

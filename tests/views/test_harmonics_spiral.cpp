@@ -217,19 +217,26 @@ TEST_F(Harmonics, ANotesCoreLiesOverItsGlow) {
 }
 
 TEST_F(Harmonics, EveryLineIsDrawnAsIfByItself) {
-    const std::vector<ColouredNote> notes = {
-        {174.0f, 0.5f, {200, 40, 10, 255}}, {396.5f, 0.03f, {250, 250, 90, 255}}, {963.0f, 0.95f, kGreen}};
+    const std::vector<ColouredNote> notes = {{174.0f, 0.5f, {200, 40, 10, 255}},
+                                             {396.5f, 0.03f, {250, 250, 90, 255}},
+                                             {963.0f, 0.95f, kGreen},
+                                             {285.0f, 0.0021f, {10, 200, 250, 255}}};
     const auto turn = [](float hz) { return std::fmod(hz * 0.01f, 6.2831855f) + 1.5f * 0.3f; };
-    for (const int steps : {1, 2, 6, 9, 14}) {
-        const Picture seen = draw(kBody, steps, notes, 1.5f);
-        screen.clear(kBackdrop);
-        spiralLineByLine(kBody, steps, 0.0f, {70, 55, 90, 40});
-        spiralLineByLine(kBody, steps, turn(174.0f), {200, 40, 10, 200});
-        spiralLineByLine(kBody, steps, turn(396.5f), {250, 250, 90, 119});  // 0.03f / 0.05f * 200 is 119.99
-        spiralLineByLine(kBody, steps, turn(963.0f), {30, 240, 60, 100});   // (1 - 0.95f) / 0.1f * 200
-        fillRect(screen.renderer, {217, 197, 7, 7}, {180, 160, 220, 150});
-        EXPECT_TRUE(seen == picture()) << steps;
-        EXPECT_GT(touched(), 300);
+    // In the smaller body the fifth of fourteen radii is 1.1 pixels, and the ones before are too small.
+    for (const SDL_Rect& body : {kBody, SDL_Rect{20, 10, 400, 300}}) {
+        const int middleY = body.y + body.h / 2;
+        for (const int steps : {1, 2, 6, 9, 14}) {
+            const Picture seen = draw(body, steps, notes, 1.5f);
+            screen.clear(kBackdrop);
+            spiralLineByLine(body, steps, 0.0f, {70, 55, 90, 40});
+            spiralLineByLine(body, steps, turn(174.0f), {200, 40, 10, 200});
+            spiralLineByLine(body, steps, turn(396.5f), {250, 250, 90, 119});  // 0.03f / 0.05f * 200 = 119.99
+            spiralLineByLine(body, steps, turn(963.0f), {30, 240, 60, 100});   // (1 - 0.95f) / 0.1f * 200
+            spiralLineByLine(body, steps, turn(285.0f), {10, 200, 250, 8});    // its outer arcs fade to 2
+            fillRect(screen.renderer, {217, middleY - 3, 7, 7}, {180, 160, 220, 150});
+            EXPECT_TRUE(seen == picture()) << steps;
+            EXPECT_GT(touched(), 300);
+        }
     }
 }
 
