@@ -22,7 +22,6 @@ constexpr int kStarStride = 5;
 constexpr float kPi = kTurn / 2.0f;
 constexpr float kPetalAngle = kTurn / 12.0f;
 constexpr float kHalfPetalAngle = 0.2617994f;
-constexpr float kPetalHue = 30.0f;  // degrees from one petal's hue to the next
 
 constexpr SDL_Color kTitleColor{220, 170, 240, 255};
 constexpr SDL_Color kRayColor{120, 110, 220, 255};
@@ -71,9 +70,8 @@ int wholeUpTo(float value, int cap) {
     return std::min(cap, static_cast<int>(value));
 }
 
-float hueOf(std::size_t petal) {
-    return kPetalHue * static_cast<float>(petal);
-}
+// Degrees; one a petal, the whole circle round.
+constexpr std::array<float, kPetalCount> petalHues{0, 30, 60, 90, 120, 150, 180, 210, 240, 270, 300, 330};
 
 float angleOf(std::size_t petal) {
     return kPetalAngle * static_cast<float>(petal);
@@ -148,7 +146,7 @@ void drawHalo(const Flower& flower, int layer) {
     for (std::size_t i = 0; i < kPetalCount; ++i) {
         const float length = lengthFor(radius, flower.energy[i], 2.0f, 0.3f, 0.15f, 1.2f);
         drawPetal(flower, {angleOf(i) + flower.time, 0.4f, length, 16,
-                           withAlpha(hslToRgb(hueOf(i), 0.9f, 0.6f), alpha)});
+                           withAlpha(hslToRgb(petalHues[i], 0.9f, 0.6f), alpha)});
     }
 }
 
@@ -157,8 +155,9 @@ void drawMainPetals(const Flower& flower) {
         const float angle = angleOf(i) + flower.time;
         const float length = lengthFor(flower.radius, flower.energy[i], 2.5f, 0.3f, 0.18f, 1.3f);
         const float lightness = std::min(0.72f, 3.0f * flower.energy[i] + 0.38f);
-        drawPetal(flower, {angle, 0.3f, length, 18, withAlpha(hslToRgb(hueOf(i), 0.95f, lightness), 170)});
-        drawRay(flower, length, angle, withAlpha(hslToRgb(hueOf(i), 1.0f, 0.85f), 200));
+        drawPetal(flower,
+                  {angle, 0.3f, length, 18, withAlpha(hslToRgb(petalHues[i], 0.95f, lightness), 170)});
+        drawRay(flower, length, angle, withAlpha(hslToRgb(petalHues[i], 1.0f, 0.85f), 200));
     }
 }
 
@@ -168,7 +167,7 @@ void drawCounterPetals(const Flower& flower) {
         const float energy = flower.energy[(i + kPetalCount / 2) % kPetalCount];
         const float length = lengthFor(flower.radius, energy, 2.0f, 0.18f, 0.1f, 0.8f);
         drawPetal(flower, {angleOf(i) - 1.5f * flower.time + kHalfPetalAngle, 0.22f, length, 12,
-                           withAlpha(hslToRgb(hueOf(i) + 180.0f, 0.75f, 0.5f), 120)});
+                           withAlpha(hslToRgb(petalHues[i] + 180.0f, 0.75f, 0.5f), 120)});
     }
 }
 

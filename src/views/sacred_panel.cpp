@@ -37,7 +37,7 @@ void drawSacredPanel(const DrawContext& context, const PanelState& panel, Sacred
     drawPanel(context, panel, title, style, [&](const PanelLayout& layout) {
         if (state.sacredResearchMode) {
             drawPageBackdrop(context, layout.body, backdrop);
-            drawResearchPage(context, layout.body, layout.body.x + kPageLeft, sacredPage, state.page);
+            drawResearchPage(context, layout.body, layout.body.x + kPageLeft, sacredPage, state.sacredScroll);
             return;
         }
         drawSacredGeometry(context, layout.body, colouredNotes(snapshot.notes, spectrumPalette), time,
@@ -53,7 +53,7 @@ bool sacredTitlePress(SacredState& state, const PanelLayout& panel, int x, int y
 }
 
 void sacredWheel(SacredState& state, int wheel) {
-    if (state.sacredResearchMode) scrollResearchPage(state.page, wheel);
+    if (state.sacredResearchMode) scrollResearchPage(state.sacredScroll, wheel);
 }
 
 }  // namespace veloria

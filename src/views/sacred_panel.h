@@ -14,7 +14,7 @@ namespace veloria {
 
 struct SacredState {
     bool sacredResearchMode = false;
-    PageScroll page;
+    PageScroll sacredScroll;
 };
 
 // Nothing while the panel is closed. `spectrumPalette` colours the notes, `time` is the view clock,

@@ -23,13 +23,13 @@ class ViewInput : public test::InputTest {
 TEST_F(ViewInput, TheInfoBoxOfTheEnneagramOpensItsPageAndTheWheelScrollsIt) {
     const SDL_Rect rect = open(kSacredPanel);
     wheel(rect.x + 100, rect.y + 100, -1);
-    EXPECT_EQ(app.sacred.page.researchScroll, 0);
+    EXPECT_EQ(app.sacred.sacredScroll.researchScroll, 0);
     click(rect.x + rect.w - 60, rect.y + 8);
     EXPECT_TRUE(app.sacred.sacredResearchMode);
     EXPECT_FALSE(panel(kSacredPanel).dragging);
     frame();
     wheel(rect.x + 100, rect.y + 100, -2);
-    EXPECT_EQ(app.sacred.page.researchScroll, 60);
+    EXPECT_EQ(app.sacred.sacredScroll.researchScroll, 60);
     EXPECT_FALSE(app.kathara.researchMode);  // that of the scene is another one
 }
 

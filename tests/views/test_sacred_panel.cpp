@@ -86,13 +86,13 @@ TEST_F(SacredPanel, ThePageBeginsTwelvePixelsIntoTheBody) {
 TEST_F(SacredPanel, TheWheelScrollsThePageAlone) {
     draw();
     sacredWheel(state, -3);
-    EXPECT_EQ(state.page.researchScroll, 0);
+    EXPECT_EQ(state.sacredScroll.researchScroll, 0);
     state.sacredResearchMode = true;
     draw();
     sacredWheel(state, -3);
-    EXPECT_EQ(state.page.researchScroll, 90);
+    EXPECT_EQ(state.sacredScroll.researchScroll, 90);
     sacredWheel(state, 100);
-    EXPECT_EQ(state.page.researchScroll, 0);
+    EXPECT_EQ(state.sacredScroll.researchScroll, 0);
 }
 
 TEST_F(SacredPanel, ThePagesBackdropIsFaintSquareAndGivenBackAsItWas) {
