@@ -6,6 +6,7 @@
 #include "ui/toolkit/color.h"
 #include "ui/toolkit/primitives.h"
 #include "ui/toolkit/text.h"
+#include "views/pulse.h"
 #include "views/research_page.h"
 
 namespace veloria {
@@ -101,7 +102,7 @@ void drawPentagram(const DrawContext& context, const SDL_Rect& body, float time)
     const PentagramFigure figure{context.renderer,
                                  {body.x + body.w / 2, body.y + kFigureDrop + body.h / 2},
                                  std::min(body.w, body.h) / 4,
-                                 std::sin(1.5f * time) * 0.3f + 0.7f};
+                                 pulseAt(1.5f * time)};
     const float radius = static_cast<float>(figure.radius);
     drawFiveLines(figure, 1, 0.0f, radius, figure.pulsed(kGold, 120.0f));
     drawFiveLines(figure, 2, 0.0f, radius, figure.pulsed(kViolet, 80.0f));

@@ -1,7 +1,6 @@
 #include "views/shadow_view.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <string>
 
@@ -10,6 +9,7 @@
 #include "ui/toolkit/color.h"
 #include "ui/toolkit/primitives.h"
 #include "ui/toolkit/text.h"
+#include "views/pulse.h"
 #include "views/shadow_page.h"
 
 namespace veloria {
@@ -123,7 +123,7 @@ Cell cellOf(const ShadowGrid& grid, int index, bool on) {
 void drawCells(const DrawContext& context, const ShadowGrid& grid,
                const std::array<bool, kShadowIndexCount>& held, float time) {
     if (grid.cellW <= 0 || grid.cellH <= 0) return;
-    const float pulse = std::sin(2.0f * time) * 0.3f + 0.7f;
+    const float pulse = pulseAt(2.0f * time);
     for (int i = 0; i < kShadowIndexCount; ++i) {
         const Cell cell = cellOf(grid, i, held[static_cast<std::size_t>(i)]);
         if (shadowCellPlayable(i)) {

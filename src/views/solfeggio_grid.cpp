@@ -1,6 +1,5 @@
 #include "views/solfeggio_grid.h"
 
-#include <cmath>
 #include <cstddef>
 #include <string_view>
 
@@ -9,6 +8,7 @@
 #include "ui/toolkit/format.h"
 #include "ui/toolkit/primitives.h"
 #include "ui/toolkit/text.h"
+#include "views/pulse.h"
 #include "views/solfeggio_nodes.h"
 #include "views/sounding.h"
 #include "views/vitruvian_assets.h"
@@ -69,11 +69,6 @@ struct GridSound {
     std::array<bool, kAvatarFamilySize> reflection{};
     std::array<bool, kAvatarFamilySize> rotation{};
 };
-
-// From 0.4 to 1. A clock that is no number stands still.
-float breathAt(float angle) {
-    return std::isfinite(angle) ? std::sin(angle) * 0.3f + 0.7f : 0.7f;
-}
 
 // What all steps of one drawing work with.
 struct Grid {
@@ -196,7 +191,7 @@ void drawNode(const Grid& grid, int index) {
     const SDL_Point at = grid.node(index);
     const SDL_Color realm = realmColour(index);
     if (sounds) {
-        const float breath = breathAt(static_cast<float>(index) * 0.5f + 3.0f * grid.time);
+        const float breath = pulseAt(static_cast<float>(index) * 0.5f + 3.0f * grid.time);
         grid.disc(at, 24, withAlpha(realm, static_cast<int>(breath * 35.0f)));
         grid.disc(at, 20, withAlpha(realm, static_cast<int>(breath * 65.0f)));
     }
@@ -235,7 +230,7 @@ void drawSolfeggioGrid(const DrawContext& context, const SDL_Rect& rect, std::sp
     const SolfeggioGridLayout layout = solfeggioGridLayout(rect);
     const GridSound sound{whichSound(solfeggio12, sounding), whichSound(reflectionFreqs, sounding),
                           whichSound(rotationFreqs, sounding)};
-    const Grid grid{context, layout, sound, time, breathAt(1.5f * time)};
+    const Grid grid{context, layout, sound, time, pulseAt(1.5f * time)};
     const ClipGuard clip(context.renderer, layout.area);
     drawBackdrop(grid, backdrop);
     drawIdleEdges(grid);

@@ -85,6 +85,7 @@ void makeGlow(const SpectrumGrid& grid, const SpectrumLayout& layout, std::vecto
     }
 }
 
+// Divided by the largest channel and multiplied by it again: odd, and kept.
 float brightened(float value, float largest) {
     return largest > 0.01f ? std::min(1.0f, value * kBrightening / largest * largest) : value;
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -233,6 +234,17 @@ TEST_F(ShadowView, TheTextPageFillsTheBody) {
         isText(seen, kGround, "GEOMETRIC PROGRESSION", 192, 104 + 78, fonts.fontLabel, {255, 215, 80, 255}));
     const SDL_Color disc = over({255, 215, 0, 125}, kGround);
     EXPECT_TRUE(isColor(seen.at(182 + 238, 104 + 307 - 129), disc, 4)) << "the topmost disc";
+}
+
+TEST_F(ShadowView, ATimeThatIsNoNumberDoesNoHarm) {
+    const float infinity = std::numeric_limits<float>::infinity();
+    snapshot.shadowHeld[1] = true;  // 112
+    for (state.shadowPage = 0; state.shadowPage < 2; ++state.shadowPage) {
+        for (const float time : {std::nanf(""), infinity, -infinity}) {
+            // As at a time where the sine is 0.
+            EXPECT_EQ(draw(time), draw(0.0f)) << state.shadowPage << ", " << time;
+        }
+    }
 }
 
 TEST_F(ShadowView, ClosedItDrawsNothing) {

@@ -175,54 +175,6 @@ TEST_F(SolfeggioGrid, TheRealmsAndTheLegendAreNamed) {
     EXPECT_TRUE(isText(seen, below, "C", x + 30, y - 5, tiny, {40, 130, 120, 130}));
 }
 
-// Is the colour to be seen in a column near this row? Lines between whole pixels may round either way.
-bool inColumn(const Picture& seen, int x, int y, SDL_Color wanted) {
-    for (int dy = -1; dy <= 1; ++dy) {
-        if (isColor(seen.at(x, y + dy), wanted, 1)) return true;
-    }
-    return false;
-}
-
-TEST_F(SolfeggioGrid, IdleEdgesAreFaint) {
-    const Picture seen = drawSilently({});
-    const auto quarter = [&](int from, int to) {
-        return SDL_Point{(3 * node(from).x + node(to).x) / 4, (3 * node(from).y + node(to).y) / 4};
-    };
-    const SDL_Color tree = over({50, 45, 70, 70}, kBackdrop);
-    for (const NodeEdge& edge : {NodeEdge{11, 10}, NodeEdge{0, 1}, NodeEdge{9, 7}, NodeEdge{6, 4}}) {
-        const SDL_Point at = quarter(edge.from, edge.to);
-        EXPECT_TRUE(inColumn(seen, at.x, at.y, tree)) << edge.from << "-" << edge.to;
-    }
-    const SDL_Color cross = over({35, 33, 55, 45}, kBackdrop);
-    for (const NodeEdge& edge : {NodeEdge{7, 10}, NodeEdge{8, 9}, NodeEdge{3, 2}, NodeEdge{4, 1}}) {
-        const SDL_Point at = quarter(edge.from, edge.to);
-        EXPECT_TRUE(inColumn(seen, at.x, at.y, cross)) << edge.from << "-" << edge.to;
-    }
-}
-
-TEST_F(SolfeggioGrid, TheDigitsTrianglesAndHexadShow) {
-    const Picture seen = drawSilently({});
-    // 4 to 2 is of the hexad alone. It is steep: what crosses it takes a few of its rows.
-    const SDL_Point four = digit(4);
-    const SDL_Point two = digit(2);
-    const SDL_Color hexad = over({100, 85, 120, 40}, kBackdrop);
-    int rows = 0;
-    for (int y = two.y + 12; y < four.y - 12; ++y) {
-        const int x = two.x + (four.x - two.x) * (y - two.y) / (four.y - two.y);
-        const bool shown = isColor(seen.at(x - 1, y), hexad) || isColor(seen.at(x, y), hexad) ||
-                           isColor(seen.at(x + 1, y), hexad);
-        rows += shown ? 1 : 0;
-    }
-    EXPECT_GE(rows, (four.y - two.y) / 2);
-    // 3 to 6 is a side of the digits' triangle and of the tritypes 136, 368 and 369: four colours in turn.
-    const SDL_Point six = digit(6);
-    SDL_Color sides = over({130, 60, 160, 55}, kBackdrop);
-    for (int i = 0; i < 3; ++i)
-        sides = over({65, 58, 85, 28}, sides);
-    EXPECT_TRUE(isColor(seen.at(six.x + 12, six.y), sides, 5));
-    EXPECT_FALSE(isColor(seen.at(six.x + 12, six.y), over({130, 60, 160, 55}, kBackdrop), 5));
-}
-
 TEST_F(SolfeggioGrid, EveryDotOfAnIdleClusterLiesWhereTheOtherFamilysDoes) {
     rect = {10, 20, 540, 570};
     const Picture seen = drawSilently({}, kFullPulse);
