@@ -90,7 +90,7 @@ TEST_F(ShadowPage, SaysWhatTheManuscriptSays) {
     std::uint64_t hash = 0xcbf29ce484222325u;
     for (const char letter : words)
         hash = (hash ^ static_cast<unsigned char>(letter)) * 0x100000001b3u;
-    // Of the manuscript's lines with "555 Hz" after the fourth group, taken outside this program.
+    // Of the page's text with "555 Hz" after the fourth group, taken outside this program.
     EXPECT_EQ(hash, 0x465481573073e435u) << words;
     EXPECT_EQ(drawnTexts().size(), 22u);
 }
