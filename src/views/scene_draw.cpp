@@ -1,9 +1,8 @@
 #include "views/scene_draw.h"
 
-#include <cmath>
-
 #include "ui/toolkit/primitives.h"
 #include "views/object_set.h"
+#include "views/pulse.h"
 #include "views/scene_canvas.h"
 #include "views/scene_overlays.h"
 #include "views/scene_paint.h"
@@ -33,7 +32,7 @@ void drawKatharaScene(const DrawContext& context, int x, int y, int w, int h, co
     const SDL_Rect rect{x, y, w, h};
     const ClipGuard clip(context.renderer, rect);
     fillRect(context.renderer, rect, kSpace);
-    const SceneCanvas canvas{context, rect, view, std::sin(time * 1.5f) * 0.3f + 0.7f};
+    const SceneCanvas canvas{context, rect, view, pulseAt(time * 1.5f)};
     if (view.showGrid) drawFloor(canvas);
     if (view.autoRotate) view.azimuth += kTurn;  // the floor is a step behind
     if (view.showMerkaba) drawMerkaba(canvas);
