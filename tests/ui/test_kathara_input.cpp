@@ -1,8 +1,16 @@
 // Every control of the Kathara scene in the main view and in the panel, by real events.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "recorder/clips.h"
 #include "recorder/panel.h"
+#include "tests/platform/scratch_folder.h"
 #include "tests/ui/kathara_controls.h"
+#include "views/kathara_input.h"
+#include "views/obj_export.h"
 
 namespace veloria {
 namespace {
@@ -69,12 +77,21 @@ TEST_F(KatharaInput, TheButtonsThatTurnTheCameraLeaveZoomAndMagnification) {
     EXPECT_FALSE(view().showHz);
 }
 
-TEST_F(KatharaInput, ExportAsksForAFileByTheCoordinatesThatAreShown) {
-    fakePlatform().dialogPaths = {""};
+TEST_F(KatharaInput, ExportWritesTheFigureByTheCoordinatesThatAreShown) {
+    const test::ScratchFolder folder;
     const SDL_Point at = middle(mainPlaces().buttons[6]);
-    click(at.x, at.y);
-    ASSERT_EQ(fakePlatform().log.size(), 1u);
-    EXPECT_EQ(fakePlatform().log[0].rfind("chooseFileToSave", 0), 0u) << fakePlatform().log[0];
+    ASSERT_NE(katharaObjText(false), katharaObjText(true));
+    for (const bool tesla : {false, true}) {
+        fakePlatform().reset();
+        fakePlatform().dialogPaths = {folder / "scene.obj"};
+        view().teslaCoordinates = tesla;
+        click(at.x, at.y);
+        ASSERT_EQ(fakePlatform().log.size(), 1u);
+        EXPECT_EQ(fakePlatform().log[0].rfind("chooseFileToSave", 0), 0u) << fakePlatform().log[0];
+        std::ifstream file(folder / "scene.obj", std::ios::binary);
+        const std::string written{std::istreambuf_iterator<char>(file), {}};
+        EXPECT_EQ(written, katharaObjText(tesla)) << tesla;
+    }
 }
 
 TEST_F(KatharaInput, EachSliderTakesPressesOnItsTrackAndFourPixelsBeyond) {
@@ -196,6 +213,38 @@ TEST_F(KatharaInput, ADragThatBeganInTheMainViewGoesOnOverThePanel) {
     EXPECT_EQ(inPanel.fovWidth, 4.0f);
 }
 
+// The clip editor reaches above the recorder, over the scene. It takes presses and the wheel, not what is
+// held.
+TEST_F(KatharaInput, ADragGoesOnAndEndsOverTheClipEditor) {
+    app.sizes.recorderHeight = 150;
+    frame();
+    RecorderClip clip;
+    clip.end = 3.0;
+    app.recorder.editClip = &addClip(app.recorder, 0, 440.0, clip);
+    app.recorder.editChannel = 0;
+    app.recorder.editX = 500;
+    app.recorder.editOpen = true;
+    frame();
+    const SDL_Point over{520, app.layout.contentBottom - 10};
+    ASSERT_TRUE(recorderEditContains(app.recorder, app.layout.recorder, over.x, over.y));
+    down(over.x, over.y);
+    EXPECT_FALSE(isKatharaHeld(app.kathara));
+    up(over.x, over.y);
+    const float zoom = view().zoom;
+    wheel(over.x, over.y, 1);
+    EXPECT_EQ(view().zoom, zoom);
+
+    const SDL_Point start{820, 120};
+    view().azimuth = 10.0f;
+    down(start.x, start.y);
+    ASSERT_TRUE(app.kathara.draggingScene);
+    move(over.x, over.y);
+    EXPECT_FLOAT_EQ(view().azimuth, 10.0f + static_cast<float>(over.x - start.x) * 0.4f);
+    up(over.x, over.y);
+    EXPECT_FALSE(isKatharaHeld(app.kathara));
+    EXPECT_FALSE(app.kathara.draggingScene);
+}
+
 TEST_F(KatharaInput, TheWheelZoomsWithinItsBounds) {
     inBothHosts([this](const HostPlaces& places) {
         const SDL_Point at = middle(places.scene);
@@ -272,6 +321,21 @@ TEST_F(KatharaInput, EachHostScrollsItsOwnPage) {
     EXPECT_EQ(app.kathara.mainViewPage.researchScroll, 0);
     wheel(at.x, at.y, 5);
     EXPECT_EQ(app.kathara.panelPage.researchScroll, 0);
+}
+
+TEST_F(KatharaInput, TheWheelOverTheMainViewScrollsItsPageWhereThatIsTooLongForIt) {
+    app.sizes.recorderHeight = 1080 - 30 - 300;  // a scene of 214 rows
+    app.kathara.researchMode = true;
+    frame();
+    const int whole = 14 + 14 * 15 + 3 * 2 + 11 + 16 + 20;
+    const int farthest = whole - mainPlaces().scene.h;
+    ASSERT_EQ(mainPlaces().scene.h, 214);
+    const SDL_Point at = middle(mainPlaces().scene);
+    wheel(at.x, at.y, -1);
+    EXPECT_EQ(app.kathara.mainViewPage.researchScroll, 30);
+    EXPECT_EQ(app.kathara.panelPage.researchScroll, 0);
+    wheel(at.x, at.y, -10);
+    EXPECT_EQ(app.kathara.mainViewPage.researchScroll, farthest);
 }
 
 TEST_F(KatharaInput, TheInfoBoxOfThePanelTogglesResearchMode) {
@@ -362,6 +426,25 @@ TEST_F(KatharaInput, LostRenderMemoryIsDrawnAnew) {
         frame();
         EXPECT_NE(app.kathara.sceneTexture, nullptr);
     }
+}
+
+TEST_F(KatharaInput, OnlyALostDeviceTakesTheAssetsAndTextsWithIt) {
+    const auto send = [this](Uint32 type) {
+        SDL_Event event;
+        SDL_zero(event);
+        event.type = type;
+        handleEvent(app, event);
+    };
+    ASSERT_TRUE(app.assets.assetsLoaded);
+    ASSERT_FALSE(app.textCache.entries.empty());
+    send(SDL_RENDER_TARGETS_RESET);
+    EXPECT_TRUE(app.assets.assetsLoaded);
+    EXPECT_FALSE(app.textCache.entries.empty());
+    send(SDL_RENDER_DEVICE_RESET);
+    EXPECT_FALSE(app.assets.assetsLoaded);
+    EXPECT_TRUE(app.textCache.entries.empty());
+    frame();
+    EXPECT_TRUE(app.assets.assetsLoaded);
 }
 
 }  // namespace
