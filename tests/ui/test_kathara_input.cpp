@@ -199,6 +199,48 @@ TEST_F(KatharaInput, ADragInTheSceneTurnsTheCamera) {
     });
 }
 
+TEST_F(KatharaInput, BetweenTheControlsOfToolbarAndStripNothingIsHeld) {
+    inBothHosts([this](const HostPlaces& places) {
+        const SDL_Rect& button = places.buttons[0];
+        const SDL_Rect& track = places.tracks[1];
+        for (const SDL_Point& at :
+             {SDL_Point{button.x - 2, button.y + 2}, SDL_Point{track.x - 10, track.y}}) {
+            down(at.x, at.y);
+            EXPECT_FALSE(isKatharaHeld(app.kathara)) << at.x << ", " << at.y;
+            up(at.x, at.y);
+        }
+    });
+}
+
+TEST_F(KatharaInput, AButtonThatSticksOutOfANarrowPanelIsNotHitInItsBorder) {
+    openPanel();
+    panel(kKatharaPanel).rect.w = kPanelMinimumWidth;
+    const SDL_Rect auto_ = openPanel().buttons[4];
+    const int right = panel(kKatharaPanel).rect.x + kPanelMinimumWidth;
+    ASSERT_LT(auto_.x, right - 3);
+    click(right - 2, auto_.y + 2);
+    EXPECT_FALSE(view().autoRotate);
+    click(right - 3, auto_.y + 2);
+    EXPECT_TRUE(view().autoRotate);
+}
+
+TEST_F(KatharaInput, ThePanelAloneTurnsTheCameraWhileThereIsNoMainView) {
+    openPanel();
+    setRightX(app.layout.leftWidth + 62);
+    view().azimuth = 10.0f;
+    view().autoRotate = true;
+    frame();
+    frame();
+    EXPECT_FLOAT_EQ(view().azimuth, 10.5f);
+    setRightX(880);  // both turn it no faster than one
+    frame();
+    frame();
+    EXPECT_FLOAT_EQ(view().azimuth, 11.0f);
+    setRightX(app.layout.leftWidth + 62);
+    frame();
+    EXPECT_FLOAT_EQ(view().azimuth, 11.25f);
+}
+
 TEST_F(KatharaInput, ADragThatBeganInTheMainViewGoesOnOverThePanel) {
     const HostPlaces inPanel = openPanel();
     PanelState& shown = panel(kKatharaPanel);

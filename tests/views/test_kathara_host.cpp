@@ -267,7 +267,10 @@ TEST_F(KatharaHosts, TheStripOfTheMainViewHasItsLinesAndKnobs) {
         const int knob = track + static_cast<int>(values[i] * width);
         EXPECT_TRUE(isColor(seen.at(knob, 436), theme.themeKnob)) << i;
         if (i == 3) {
-            EXPECT_TRUE(isColor(seen.at(knob + 8, 436), theme.themeTrack));
+            EXPECT_TRUE(isColor(seen.at(knob + 8, 432), theme.themePanel));
+            EXPECT_TRUE(isColor(seen.at(knob + 8, 433), theme.themeTrack));
+            EXPECT_TRUE(isColor(seen.at(knob + 8, 438), theme.themeTrack));
+            EXPECT_TRUE(isColor(seen.at(knob + 8, 439), theme.themePanel));
         }
     }
 }
@@ -347,6 +350,16 @@ TEST_F(KatharaHosts, MoreNotesThanTheSceneTakesAreNoTrouble) {
     const Picture full = mainView();
     snapshot.notes.resize(128);
     EXPECT_EQ(changed(full, mainView(), kScene), 0);
+}
+
+TEST_F(KatharaHosts, TheSceneTakesTheFirst128Notes) {
+    for (int i = 0; i < 127; ++i)
+        addNote(147.0f);
+    const Picture without = mainView();
+    addNote(528.0f);
+    EXPECT_GT(changed(without, mainView(), kScene), 20);
+    snapshot.notes.insert(snapshot.notes.begin(), snapshot.notes.front());  // and so it is one too far back
+    EXPECT_EQ(changed(without, mainView(), kScene), 0);
 }
 
 }  // namespace
