@@ -68,10 +68,12 @@ void handleEvent(AppState& app, const SDL_Event& event) {
     // A release is nobody's alone: it goes all the way, so that no drag outlives it.
     if (calculatorTakes(app, event)) return;
     if (panelsEvent(app, event, pointer)) return;
-    // The clip editor reaches above the recorder, over what lies there.
-    const bool onEditor = recorderEditContains(app.recorder, app.layout.recorder, pointer.x, pointer.y);
-    if (!onEditor && centreViewEvent(app, event, pointer)) return;
-    if (!(pointer.leftDown && onEditor) && splittersEvent(app, pointer)) return;
+    // The clip editor reaches above the recorder, over what lies there. What is held moves and ends over it
+    // as elsewhere.
+    const bool forEditor = (pointer.leftDown || pointer.wheel) &&
+                           recorderEditContains(app.recorder, app.layout.recorder, pointer.x, pointer.y);
+    if (!forEditor && centreViewEvent(app, event, pointer)) return;
+    if (!forEditor && splittersEvent(app, pointer)) return;
     if (recorderEvent(app, event)) return;
     if (rowDragEvent(app, event, pointer)) return;
     if (fxSlidersEvent(app, pointer)) return;

@@ -80,6 +80,22 @@ TEST_F(Frame, WhatAFloatingWindowCoversIsNotUnderThePointer) {
     EXPECT_TRUE(isUnderFloatingWindow(app, 580, 16));
 }
 
+TEST_F(Frame, TheMainViewIsDrawnFrom61PixelsEachWay) {
+    const auto isDrawn = [this] {
+        dropSceneTexture(app.kathara);
+        frame();
+        return app.kathara.sceneTexture != nullptr;
+    };
+    setRightX(400 + 2 + 60);
+    EXPECT_FALSE(isDrawn());
+    setRightX(400 + 2 + 61);
+    EXPECT_TRUE(isDrawn());
+    setContentBottom(32 + 60);
+    EXPECT_FALSE(isDrawn());
+    setContentBottom(32 + 61);
+    EXPECT_TRUE(isDrawn());
+}
+
 TEST_F(Frame, EveryPanelHasATitleBarOfItsOwn) {
     for (int id = 0; id < kPanelCount; ++id) {
         frame();

@@ -1,8 +1,16 @@
 // Every control of the Kathara scene in the main view and in the panel, by real events.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "recorder/clips.h"
 #include "recorder/panel.h"
+#include "tests/platform/scratch_folder.h"
 #include "tests/ui/kathara_controls.h"
+#include "views/kathara_input.h"
+#include "views/obj_export.h"
 
 namespace veloria {
 namespace {
@@ -69,12 +77,21 @@ TEST_F(KatharaInput, TheButtonsThatTurnTheCameraLeaveZoomAndMagnification) {
     EXPECT_FALSE(view().showHz);
 }
 
-TEST_F(KatharaInput, ExportAsksForAFileByTheCoordinatesThatAreShown) {
-    fakePlatform().dialogPaths = {""};
+TEST_F(KatharaInput, ExportWritesTheFigureByTheCoordinatesThatAreShown) {
+    const test::ScratchFolder folder;
     const SDL_Point at = middle(mainPlaces().buttons[6]);
-    click(at.x, at.y);
-    ASSERT_EQ(fakePlatform().log.size(), 1u);
-    EXPECT_EQ(fakePlatform().log[0].rfind("chooseFileToSave", 0), 0u) << fakePlatform().log[0];
+    ASSERT_NE(katharaObjText(false), katharaObjText(true));
+    for (const bool tesla : {false, true}) {
+        fakePlatform().reset();
+        fakePlatform().dialogPaths = {folder / "scene.obj"};
+        view().teslaCoordinates = tesla;
+        click(at.x, at.y);
+        ASSERT_EQ(fakePlatform().log.size(), 1u);
+        EXPECT_EQ(fakePlatform().log[0].rfind("chooseFileToSave", 0), 0u) << fakePlatform().log[0];
+        std::ifstream file(folder / "scene.obj", std::ios::binary);
+        const std::string written{std::istreambuf_iterator<char>(file), {}};
+        EXPECT_EQ(written, katharaObjText(tesla)) << tesla;
+    }
 }
 
 TEST_F(KatharaInput, EachSliderTakesPressesOnItsTrackAndFourPixelsBeyond) {
@@ -182,6 +199,48 @@ TEST_F(KatharaInput, ADragInTheSceneTurnsTheCamera) {
     });
 }
 
+TEST_F(KatharaInput, BetweenTheControlsOfToolbarAndStripNothingIsHeld) {
+    inBothHosts([this](const HostPlaces& places) {
+        const SDL_Rect& button = places.buttons[0];
+        const SDL_Rect& track = places.tracks[1];
+        for (const SDL_Point& at :
+             {SDL_Point{button.x - 2, button.y + 2}, SDL_Point{track.x - 10, track.y}}) {
+            down(at.x, at.y);
+            EXPECT_FALSE(isKatharaHeld(app.kathara)) << at.x << ", " << at.y;
+            up(at.x, at.y);
+        }
+    });
+}
+
+TEST_F(KatharaInput, AButtonThatSticksOutOfANarrowPanelIsNotHitInItsBorder) {
+    openPanel();
+    panel(kKatharaPanel).rect.w = kPanelMinimumWidth;
+    const SDL_Rect auto_ = openPanel().buttons[4];
+    const int right = panel(kKatharaPanel).rect.x + kPanelMinimumWidth;
+    ASSERT_LT(auto_.x, right - 3);
+    click(right - 2, auto_.y + 2);
+    EXPECT_FALSE(view().autoRotate);
+    click(right - 3, auto_.y + 2);
+    EXPECT_TRUE(view().autoRotate);
+}
+
+TEST_F(KatharaInput, ThePanelAloneTurnsTheCameraWhileThereIsNoMainView) {
+    openPanel();
+    setRightX(app.layout.leftWidth + 62);
+    view().azimuth = 10.0f;
+    view().autoRotate = true;
+    frame();
+    frame();
+    EXPECT_FLOAT_EQ(view().azimuth, 10.5f);
+    setRightX(880);  // both turn it no faster than one
+    frame();
+    frame();
+    EXPECT_FLOAT_EQ(view().azimuth, 11.0f);
+    setRightX(app.layout.leftWidth + 62);
+    frame();
+    EXPECT_FLOAT_EQ(view().azimuth, 11.25f);
+}
+
 TEST_F(KatharaInput, ADragThatBeganInTheMainViewGoesOnOverThePanel) {
     const HostPlaces inPanel = openPanel();
     PanelState& shown = panel(kKatharaPanel);
@@ -194,6 +253,38 @@ TEST_F(KatharaInput, ADragThatBeganInTheMainViewGoesOnOverThePanel) {
     up(track.x, shown.rect.y + 100);
     EXPECT_EQ(app.kathara.dragHost, KatharaHost::None);
     EXPECT_EQ(inPanel.fovWidth, 4.0f);
+}
+
+// The clip editor reaches above the recorder, over the scene. It takes presses and the wheel, not what is
+// held.
+TEST_F(KatharaInput, ADragGoesOnAndEndsOverTheClipEditor) {
+    app.sizes.recorderHeight = 150;
+    frame();
+    RecorderClip clip;
+    clip.end = 3.0;
+    app.recorder.editClip = &addClip(app.recorder, 0, 440.0, clip);
+    app.recorder.editChannel = 0;
+    app.recorder.editX = 500;
+    app.recorder.editOpen = true;
+    frame();
+    const SDL_Point over{520, app.layout.contentBottom - 10};
+    ASSERT_TRUE(recorderEditContains(app.recorder, app.layout.recorder, over.x, over.y));
+    down(over.x, over.y);
+    EXPECT_FALSE(isKatharaHeld(app.kathara));
+    up(over.x, over.y);
+    const float zoom = view().zoom;
+    wheel(over.x, over.y, 1);
+    EXPECT_EQ(view().zoom, zoom);
+
+    const SDL_Point start{820, 120};
+    view().azimuth = 10.0f;
+    down(start.x, start.y);
+    ASSERT_TRUE(app.kathara.draggingScene);
+    move(over.x, over.y);
+    EXPECT_FLOAT_EQ(view().azimuth, 10.0f + static_cast<float>(over.x - start.x) * 0.4f);
+    up(over.x, over.y);
+    EXPECT_FALSE(isKatharaHeld(app.kathara));
+    EXPECT_FALSE(app.kathara.draggingScene);
 }
 
 TEST_F(KatharaInput, TheWheelZoomsWithinItsBounds) {
@@ -272,6 +363,21 @@ TEST_F(KatharaInput, EachHostScrollsItsOwnPage) {
     EXPECT_EQ(app.kathara.mainViewPage.researchScroll, 0);
     wheel(at.x, at.y, 5);
     EXPECT_EQ(app.kathara.panelPage.researchScroll, 0);
+}
+
+TEST_F(KatharaInput, TheWheelOverTheMainViewScrollsItsPageWhereThatIsTooLongForIt) {
+    app.sizes.recorderHeight = 1080 - 30 - 300;  // a scene of 214 rows
+    app.kathara.researchMode = true;
+    frame();
+    const int whole = 14 + 14 * 15 + 3 * 2 + 11 + 16 + 20;
+    const int farthest = whole - mainPlaces().scene.h;
+    ASSERT_EQ(mainPlaces().scene.h, 214);
+    const SDL_Point at = middle(mainPlaces().scene);
+    wheel(at.x, at.y, -1);
+    EXPECT_EQ(app.kathara.mainViewPage.researchScroll, 30);
+    EXPECT_EQ(app.kathara.panelPage.researchScroll, 0);
+    wheel(at.x, at.y, -10);
+    EXPECT_EQ(app.kathara.mainViewPage.researchScroll, farthest);
 }
 
 TEST_F(KatharaInput, TheInfoBoxOfThePanelTogglesResearchMode) {
@@ -362,6 +468,25 @@ TEST_F(KatharaInput, LostRenderMemoryIsDrawnAnew) {
         frame();
         EXPECT_NE(app.kathara.sceneTexture, nullptr);
     }
+}
+
+TEST_F(KatharaInput, OnlyALostDeviceTakesTheAssetsAndTextsWithIt) {
+    const auto send = [this](Uint32 type) {
+        SDL_Event event;
+        SDL_zero(event);
+        event.type = type;
+        handleEvent(app, event);
+    };
+    ASSERT_TRUE(app.assets.assetsLoaded);
+    ASSERT_FALSE(app.textCache.entries.empty());
+    send(SDL_RENDER_TARGETS_RESET);
+    EXPECT_TRUE(app.assets.assetsLoaded);
+    EXPECT_FALSE(app.textCache.entries.empty());
+    send(SDL_RENDER_DEVICE_RESET);
+    EXPECT_FALSE(app.assets.assetsLoaded);
+    EXPECT_TRUE(app.textCache.entries.empty());
+    frame();
+    EXPECT_TRUE(app.assets.assetsLoaded);
 }
 
 }  // namespace

@@ -20,6 +20,17 @@ class ViewInput : public test::InputTest {
     }
 };
 
+TEST_F(ViewInput, EveryPanelStartsAtItsOwnPlaceAndTheLastIsInFront) {
+    const SDL_Rect places[] = {{100, 100, 360, 360}, {160, 100, 360, 360}, {100, 100, 560, 380},
+                               {160, 80, 420, 420},  {200, 120, 420, 420}, {240, 60, 520, 560},
+                               {50, 50, 600, 220},   {180, 80, 480, 520}};
+    for (int id = 0; id < kPanelCount; ++id) {
+        EXPECT_TRUE(SDL_RectEquals(&panel(id).rect, &places[id])) << id;
+        EXPECT_FALSE(panel(id).open) << id;
+        EXPECT_EQ(app.panels.panelStack[static_cast<std::size_t>(id)], 7 - id);
+    }
+}
+
 TEST_F(ViewInput, TheInfoBoxOfTheEnneagramOpensItsPageAndTheWheelScrollsIt) {
     const SDL_Rect rect = open(kSacredPanel);
     wheel(rect.x + 100, rect.y + 100, -1);

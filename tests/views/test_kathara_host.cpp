@@ -7,6 +7,7 @@
 
 #include "tests/ui/offscreen.h"
 #include "tests/ui/text_probe.h"
+#include "ui/toolkit/text.h"
 
 namespace veloria {
 namespace {
@@ -135,6 +136,9 @@ TEST_F(KatharaHosts, AnotherSizeMakesAnotherTexture) {
     ASSERT_EQ(SDL_QueryTexture(state.sceneTexture, &format, &access, &w, &h), 0);
     EXPECT_EQ(format, Uint32{SDL_PIXELFORMAT_RGBA8888});
     EXPECT_EQ(access, static_cast<int>(SDL_TEXTUREACCESS_TARGET));
+    SDL_BlendMode blend = SDL_BLENDMODE_NONE;
+    SDL_GetTextureBlendMode(state.sceneTexture, &blend);
+    EXPECT_EQ(blend, SDL_BLENDMODE_BLEND);
     EXPECT_EQ(w, 500);
     EXPECT_EQ(h, 266);
     EXPECT_EQ(SDL_GetRenderTarget(context.renderer), nullptr);
@@ -192,6 +196,53 @@ TEST_F(KatharaHosts, TheToolbarHasItsTitleAndButtons) {
     EXPECT_TRUE(isText(seen, theme.themeTabActive, "Hz", litAt.x, litAt.y, fonts.fontLabel, theme.themeText));
 }
 
+TEST_F(KatharaHosts, EveryButtonAndSliderOfTheMainViewIsLabelled) {
+    state.view = {.azimuth = 0.0f, .elevation = 0.0f, .zoom = 0.0f, .fov = 5.0f, .autoRotate = true};
+    state.view.showHz = false;
+    const Picture seen = mainView();
+    const char* const labels[] = {"Front", "Top", "Side", "In", "Auto", "Hz", "Exp"};
+    for (int i = 0; i < 7; ++i) {
+        const bool lit = i == 3 || i == 4;
+        const SDL_Rect button{40 + 600 - 319 + 45 * i, 34, 42, 18};
+        const SDL_Point at = test::centredPlace(labels[i], button, fonts.fontLabel);
+        EXPECT_TRUE(isText(seen, lit ? theme.themeTabActive : theme.themeTabIdle, labels[i], at.x, at.y,
+                           fonts.fontLabel, lit ? theme.themeText : theme.themeTextDim));
+    }
+    const char* const captions[] = {"AZ", "EL", "ZM", "FOV"};
+    const Picture strip = test::plain(seen, theme.themePanel);
+    for (int i = 0; i < 4; ++i) {
+        const int x = 40 + 4 + i * 580 / 4;
+        const int y = 436 - measureText(fonts.fontLabel, captions[i]).y / 2;
+        // The knob of a slider at its lower end lies over the last five columns before the track.
+        EXPECT_TRUE(isText(seen, strip, captions[i], x, y, fonts.fontLabel, theme.themeTextDim, x + 19));
+    }
+}
+
+TEST_F(KatharaHosts, EveryButtonAndSliderOfThePanelIsLabelled) {
+    state.view = {.zoom = 0.49f, .fov = 3.0f, .autoRotate = false};
+    state.view.showHz = true;
+    const Picture seen = panelPicture();
+    const SDL_Color body = test::over({22, 20, 30, 248}, test::kBackdrop);
+    const char* const labels[] = {"Front", "Top", "Side", "Inside", "Auto", "Hz"};
+    for (int i = 0; i < 6; ++i) {
+        const bool lit = i == 3 || i == 5;
+        const SDL_Color fill =
+            test::over(lit ? SDL_Color{50, 140, 120, 220} : SDL_Color{50, 45, 65, 220}, body);
+        const SDL_Color text = lit ? SDL_Color{220, 255, 240, 255} : SDL_Color{180, 175, 160, 200};
+        const SDL_Rect button{40 + 6 + 46 * i, 30 + 560 - 46, 42, 16};
+        const SDL_Point at = test::centredPlace(labels[i], button, fonts.fontLabel);
+        EXPECT_TRUE(isText(seen, test::plain(seen, fill), labels[i], at.x, at.y, fonts.fontLabel, text,
+                           button.x + button.w));
+    }
+    const char* const captions[] = {"AZ", "EL", "ZM", "FOV"};
+    const Picture strip = test::plain(seen, {25, 22, 38, 255});
+    for (int i = 0; i < 4; ++i) {
+        const int x = 40 + 6 + i * 496 / 4;
+        const int y = 30 + 560 - 26 + 12 - measureText(fonts.fontLabel, captions[i]).y / 2;
+        EXPECT_TRUE(isText(seen, strip, captions[i], x, y, fonts.fontLabel, {180, 175, 200, 220}, x + 19));
+    }
+}
+
 TEST_F(KatharaHosts, InsideIsLitBelowHalfAUnit) {
     const SDL_Point probe{40 + 600 - 319 + 45 * 3 + 2, 36};
     state.view.zoom = 0.5f;
@@ -216,7 +267,10 @@ TEST_F(KatharaHosts, TheStripOfTheMainViewHasItsLinesAndKnobs) {
         const int knob = track + static_cast<int>(values[i] * width);
         EXPECT_TRUE(isColor(seen.at(knob, 436), theme.themeKnob)) << i;
         if (i == 3) {
-            EXPECT_TRUE(isColor(seen.at(knob + 8, 436), theme.themeTrack));
+            EXPECT_TRUE(isColor(seen.at(knob + 8, 432), theme.themePanel));
+            EXPECT_TRUE(isColor(seen.at(knob + 8, 433), theme.themeTrack));
+            EXPECT_TRUE(isColor(seen.at(knob + 8, 438), theme.themeTrack));
+            EXPECT_TRUE(isColor(seen.at(knob + 8, 439), theme.themePanel));
         }
     }
 }
@@ -296,6 +350,16 @@ TEST_F(KatharaHosts, MoreNotesThanTheSceneTakesAreNoTrouble) {
     const Picture full = mainView();
     snapshot.notes.resize(128);
     EXPECT_EQ(changed(full, mainView(), kScene), 0);
+}
+
+TEST_F(KatharaHosts, TheSceneTakesTheFirst128Notes) {
+    for (int i = 0; i < 127; ++i)
+        addNote(147.0f);
+    const Picture without = mainView();
+    addNote(528.0f);
+    EXPECT_GT(changed(without, mainView(), kScene), 20);
+    snapshot.notes.insert(snapshot.notes.begin(), snapshot.notes.front());  // and so it is one too far back
+    EXPECT_EQ(changed(without, mainView(), kScene), 0);
 }
 
 }  // namespace
