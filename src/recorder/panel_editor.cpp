@@ -72,7 +72,7 @@ void drawRecorderEdit(const DrawContext& context, Recorder& recorder, const SDL_
 }
 
 bool recorderEditContains(const Recorder& recorder, const SDL_Rect& area, int x, int y) {
-    return recorder.editOpen && recorder.editClip != nullptr && rectHas(editorBox(recorder, area), x, y);
+    return recorder.editOpen && recorder.editClip != nullptr && contains(editorBox(recorder, area), x, y);
 }
 
 }  // namespace veloria

@@ -38,13 +38,13 @@ bool keyDown(Recorder& recorder, const SDL_KeyboardEvent& event, const SDL_Rect&
 
 bool leftPress(Recorder& recorder, const SDL_Rect& area, int x, int y, const RecorderInput& input) {
     if (editorPress(recorder, area, x, y)) return true;
-    if (!rectHas(area, x, y)) return false;
+    if (!contains(area, x, y)) return false;
     recorderPress(recorder, recorderLayout(recorder, area), x, y, input);
     return true;
 }
 
 bool middlePress(Recorder& recorder, const SDL_Rect& area, int x, int y) {
-    if (!rectHas(area, x, y)) return false;
+    if (!contains(area, x, y)) return false;
     recorder.panning = true;
     recorder.panAnchorX = x;
     recorder.panAnchorView = recorder.viewStart;
@@ -85,7 +85,7 @@ bool motion(Recorder& recorder, const SDL_MouseMotionEvent& event, const SDL_Rec
 
 bool wheel(Recorder& recorder, const SDL_MouseWheelEvent& event, const SDL_Rect& area,
            const RecorderInput& input) {
-    if (!rectHas(area, event.mouseX, event.mouseY)) return false;
+    if (!contains(area, event.mouseX, event.mouseY)) return false;
     recorderWheel(recorder, area, event.mouseX, event.mouseY, event.y, input.modifiers);
     return true;
 }

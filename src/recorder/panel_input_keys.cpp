@@ -101,7 +101,7 @@ bool recorderKey(Recorder& recorder, const SDL_KeyboardEvent& event, const SDL_R
     const SDL_Keycode key = event.keysym.sym;
     if (key == SDLK_DELETE) return deleteSelected(recorder);
     if (key == SDLK_SPACE) {
-        if (!rectHas(area, input.mouseX, input.mouseY)) return false;
+        if (!contains(area, input.mouseX, input.mouseY)) return false;
         // A key held down would start and pause in turns.
         if (event.repeat == 0) togglePlayback(recorder);
         return true;

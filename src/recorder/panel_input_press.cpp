@@ -38,21 +38,21 @@ constexpr double kShortestJump = 0.01;  // s; an arrangement shorter than this c
 constexpr double kEndInView = 0.9;      // of the view, where its end stands after a jump to it
 
 bool pressTitle(Recorder& recorder, const RecorderLayout& layout, int x, int y) {
-    if (rectHas(layout.minus, x, y)) {
+    if (contains(layout.minus, x, y)) {
         removeChannel(recorder);
-    } else if (rectHas(layout.plus, x, y)) {
+    } else if (contains(layout.plus, x, y)) {
         addChannel(recorder);
     } else {
-        return rectHas(layout.titleBar, x, y);
+        return contains(layout.titleBar, x, y);
     }
     return true;
 }
 
 bool pressBand(Recorder& recorder, const RecorderLayout& layout, int x, int y, const RecorderInput& input) {
-    if (!rectHas(layout.band, x, y)) return false;
-    if (rectHas(layout.rangeStartBox, x, y)) openRangeField(recorder, false, input);
-    if (rectHas(layout.rangeEndBox, x, y)) openRangeField(recorder, true, input);
-    if (rectHas(layout.rangeSwitch, x, y)) recorder.rangeEnabled = !recorder.rangeEnabled;
+    if (!contains(layout.band, x, y)) return false;
+    if (contains(layout.rangeStartBox, x, y)) openRangeField(recorder, false, input);
+    if (contains(layout.rangeEndBox, x, y)) openRangeField(recorder, true, input);
+    if (contains(layout.rangeSwitch, x, y)) recorder.rangeEnabled = !recorder.rangeEnabled;
     return true;
 }
 
@@ -73,8 +73,8 @@ void pressColumn(Recorder& recorder, const RecorderLayout& layout, int x, int y)
     if (row < 0) return;
     RecorderChannel& channel = recorder.channels[static_cast<std::size_t>(row)];
     const ChannelBoxes boxes = channelBoxes(layout, row);
-    if (rectHas(boxes.checkHit, x, y)) channel.enabled = !channel.enabled;
-    if (rectHas(boxes.lockHit, x, y)) channel.locked = !channel.locked;
+    if (contains(boxes.checkHit, x, y)) channel.enabled = !channel.enabled;
+    if (contains(boxes.lockHit, x, y)) channel.locked = !channel.locked;
 }
 
 // All between the band and the transport bar.
@@ -83,13 +83,13 @@ void pressRows(Recorder& recorder, const RecorderLayout& layout, int x, int y, c
         if (x < layout.left) return;
         recorder.playhead = std::max(0.0, timeOfPixel(layout, x));
         recorder.scrubbing = true;
-    } else if (rectHas(layout.rowTrack, x, y) && hasRowThumb(layout)) {
+    } else if (contains(layout.rowTrack, x, y) && hasRowThumb(layout)) {
         holdRowScroll(recorder, y);
-    } else if (rectHas(layout.timeTrackHit, x, y)) {
+    } else if (contains(layout.timeTrackHit, x, y)) {
         holdTimeScroll(recorder, x);
     } else if (x < layout.left) {
         pressColumn(recorder, layout, x, y);
-    } else if (rectHas(layout.timeline, x, y)) {
+    } else if (contains(layout.timeline, x, y)) {
         timelinePress(recorder, layout, x, y, input);
     }
 }
@@ -103,16 +103,16 @@ void jumpToEnd(Recorder& recorder) {
 }
 
 void pressTransport(Recorder& recorder, const RecorderLayout& layout, int x, int y) {
-    if (rectHas(layout.rewind, x, y)) {
+    if (contains(layout.rewind, x, y)) {
         recorder.playhead = 0.0;
         recorder.viewStart = 0.0;
-    } else if (rectHas(layout.play, x, y)) {
+    } else if (contains(layout.play, x, y)) {
         togglePlayback(recorder);
-    } else if (rectHas(layout.toEnd, x, y)) {
+    } else if (contains(layout.toEnd, x, y)) {
         jumpToEnd(recorder);
-    } else if (rectHas(layout.exportButton, x, y)) {
+    } else if (contains(layout.exportButton, x, y)) {
         if (recorder.onExportRecorder) recorder.onExportRecorder();
-    } else if (rectHas(layout.calc, x, y)) {
+    } else if (contains(layout.calc, x, y)) {
         if (recorder.onToggleCalc) recorder.onToggleCalc();
     }
 }
@@ -183,7 +183,7 @@ void timelinePress(Recorder& recorder, const RecorderLayout& layout, int x, int 
 
 void recorderPress(Recorder& recorder, const RecorderLayout& layout, int x, int y,
                    const RecorderInput& input) {
-    if (!rectHas(layout.band, x, y)) endRangeEditing(recorder);
+    if (!contains(layout.band, x, y)) endRangeEditing(recorder);
     if (pressTitle(recorder, layout, x, y)) return;
     if (pressBand(recorder, layout, x, y, input)) return;
     if (y < layout.bottom) {

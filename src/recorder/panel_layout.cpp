@@ -95,11 +95,6 @@ RecorderLayout recorderLayout(const Recorder& recorder, const SDL_Rect& area) {
     return layout;
 }
 
-bool rectHas(const SDL_Rect& rect, int x, int y) {
-    const SDL_Point point{x, y};
-    return SDL_PointInRect(&point, &rect) == SDL_TRUE;
-}
-
 int scrollLimit(const RecorderLayout& layout) {
     return std::max(layout.contentH - layout.rowsH, 0);
 }
@@ -221,7 +216,7 @@ EditorRowBoxes editorRowBoxes(const SDL_Rect& box, int row) {
 
 int editorRowAt(const SDL_Rect& box, int x, int y) {
     for (int row = 0; row < kEditorRowCount; ++row) {
-        if (rectHas(editorRowBoxes(box, row).hit, x, y)) return row;
+        if (contains(editorRowBoxes(box, row).hit, x, y)) return row;
     }
     return -1;
 }

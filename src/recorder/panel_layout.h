@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "recorder/recorder.h"
+#include "ui/toolkit/rect.h"
 
 namespace veloria {
 
@@ -57,8 +58,6 @@ struct RecorderLayout {
 };
 
 [[nodiscard]] RecorderLayout recorderLayout(const Recorder& recorder, const SDL_Rect& area);
-
-[[nodiscard]] bool rectHas(const SDL_Rect& rect, int x, int y);
 
 // The greatest scroll that still fills the panel; 0 when all rows are seen.
 [[nodiscard]] int scrollLimit(const RecorderLayout& layout);

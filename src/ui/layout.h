@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "ui/toolkit/grid.h"
+#include "ui/toolkit/rect.h"
 
 namespace veloria {
 
@@ -46,14 +47,6 @@ struct WindowLayout {
 void initPanelSizes(PanelSizes& sizes, int windowW);
 
 [[nodiscard]] WindowLayout windowLayout(const PanelSizes& sizes, int windowW, int windowH);
-
-[[nodiscard]] constexpr bool contains(const SDL_Rect& rect, int x, int y) {
-    return x >= rect.x && x < rect.x + rect.w && y >= rect.y && y < rect.y + rect.h;
-}
-
-[[nodiscard]] constexpr bool isEmpty(const SDL_Rect& rect) {
-    return rect.w <= 0 || rect.h <= 0;
-}
 
 [[nodiscard]] bool leftPanelShown(const WindowLayout& layout);
 // What the left panel's content is cut to; empty where the recorder leaves nothing of it.

@@ -24,6 +24,7 @@
 
 #include "frequency/fixed_text.h"
 #include "ui/toolkit/panel_input.h"
+#include "ui/toolkit/rect.h"
 #include "views/calculator.h"
 
 namespace veloria {
@@ -33,11 +34,6 @@ namespace {
 constexpr std::size_t kTypedLimit = 14;  // characters that typing can reach
 constexpr std::size_t kTextLimit = 31;   // characters that the field can hold
 constexpr int kTextDecimals = 3;
-
-bool isInside(const SDL_Rect& rect, int x, int y) {
-    const SDL_Point point{x, y};
-    return SDL_PointInRect(&point, &rect) == SDL_TRUE;
-}
 
 void beginEditing(CalculatorState& state) {
     state.calcText = fixedText(state.calcValue, kTextDecimals).substr(0, kTextLimit);
@@ -92,27 +88,27 @@ void editingKey(CalculatorState& state, SDL_Keycode key) {
 void pressInside(CalculatorState& state, int x, int y) {
     endCalculatorEditing(state);
     const CalculatorLayout layout = calculatorLayout(state.calcRect);
-    if (isInside(layout.close, x, y)) {
+    if (contains(layout.close, x, y)) {
         hideCalculator(state);
         return;
     }
-    if (isInside(layout.title, x, y)) {
+    if (contains(layout.title, x, y)) {
         state.calcDragging = true;
         state.calcDragX = x - state.calcRect.x;
         state.calcDragY = y - state.calcRect.y;
         return;
     }
-    if (isInside(layout.displayHit, x, y)) {
+    if (contains(layout.displayHit, x, y)) {
         beginEditing(state);
         return;
     }
     for (std::size_t i = 0; i < layout.buttons.size(); ++i) {
-        if (isInside(layout.buttons[i], x, y)) pressCalcButton(state, kCalcButtons[i]);
+        if (contains(layout.buttons[i], x, y)) pressCalcButton(state, kCalcButtons[i]);
     }
 }
 
 bool pressEvent(CalculatorState& state, const SDL_MouseButtonEvent& button) {
-    if (!isInside(state.calcRect, button.x, button.y)) return false;
+    if (!contains(state.calcRect, button.x, button.y)) return false;
     if (button.button == SDL_BUTTON_LEFT) pressInside(state, button.x, button.y);
     return true;
 }
@@ -152,7 +148,7 @@ bool calculatorEvent(CalculatorState& state, const SDL_Event& event, int windowW
 }
 
 bool calculatorContains(const CalculatorState& state, int x, int y) {
-    return state.calcVisible && isInside(state.calcRect, x, y);
+    return state.calcVisible && contains(state.calcRect, x, y);
 }
 
 void toggleCalculator(CalculatorState& state) {

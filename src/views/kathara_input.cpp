@@ -15,6 +15,7 @@
 
 #include <algorithm>
 
+#include "ui/toolkit/rect.h"
 #include "views/obj_export.h"
 
 namespace veloria {
@@ -27,11 +28,6 @@ constexpr float kHighestElevation = 89.0f;
 constexpr float kZoomPerNotch = 0.5f;
 constexpr float kFarthestZoom = 15.0f;
 constexpr float kInsideFov = 1.5f;
-
-bool isInside(const SDL_Rect& rect, int x, int y) {
-    const SDL_Point point{x, y};
-    return SDL_PointInRect(&point, &rect) == SDL_TRUE;
-}
 
 void lookFrom(KatharaViewState& view, float azimuth, float elevation) {
     view.azimuth = azimuth;
@@ -78,7 +74,7 @@ bool pressObjectSet(KatharaState& state, const ObjectSetLayout& objectSet, int x
     bool KatharaViewState::*field = &KatharaViewState::teslaCoordinates;
     if (row >= 0) {
         field = kObjectSetRows[static_cast<std::size_t>(row)].field;
-    } else if (!isInside(objectSet.coordinates, x, y)) {
+    } else if (!contains(objectSet.coordinates, x, y)) {
         return false;
     }
     state.view.*field = !(state.view.*field);
@@ -121,11 +117,11 @@ bool pressControl(KatharaState& state, const KatharaLayout& layout, int x, int y
 }  // namespace
 
 bool katharaPress(KatharaState& state, const KatharaLayout& layout, int x, int y) {
-    if (!isInside(layout.area, x, y)) return false;
+    if (!contains(layout.area, x, y)) return false;
     const bool inPanel = layout.host == KatharaHost::Panel;
     if (inPanel && (state.researchMode || !state.kathara3dMode)) return false;
     if (pressControl(state, layout, x, y)) return true;
-    if (state.researchMode || !isInside(layout.scene, x, y)) return false;
+    if (state.researchMode || !contains(layout.scene, x, y)) return false;
     if (pressObjectSet(state, layout.objectSet, x, y)) return true;
     state.dragHost = layout.host;
     beginTurn(state, x, y);
@@ -158,7 +154,7 @@ void katharaWheel(KatharaState& state, KatharaHost host, int wheel) {
 }
 
 bool katharaTitlePress(KatharaState& state, const PanelLayout& panel, int x, int y) {
-    if (!isInside(panel.info, x, y)) return false;
+    if (!contains(panel.info, x, y)) return false;
     state.researchMode = !state.researchMode;
     return true;
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ui/toolkit/rect.h"
+
 namespace veloria {
 
 namespace {
@@ -19,12 +21,7 @@ constexpr int kPanelStripFromBottom = 26;
 constexpr int kTrackFromCaption = 24;
 constexpr int kTrackLoss = 40;  // of a slider's quarter
 constexpr int kTrackHeight = 6;
-constexpr int kTrackReach = 4;  // beyond the track's ends, for a press
-
-bool isInside(const SDL_Rect& rect, int x, int y) {
-    const SDL_Point point{x, y};
-    return SDL_PointInRect(&point, &rect) == SDL_TRUE;
-}
+constexpr int kTrackReach = 4;  // beyond the track's ends, for a press; the last column takes it as well
 
 // Four sliders side by side in the strip, from `left` on, `room` pixels for all.
 void placeSliders(KatharaLayout& layout, int left, int room, int hitHeight) {
@@ -38,7 +35,7 @@ void placeSliders(KatharaLayout& layout, int left, int room, int hitHeight) {
         const SDL_Rect track{x + kTrackFromCaption, strip.y + (strip.h - kTrackHeight) / 2, width,
                              kTrackHeight};
         layout.tracks[at] = track;
-        layout.trackHits[at] = {track.x - kTrackReach, strip.y, track.w + 2 * kTrackReach, hitHeight};
+        layout.trackHits[at] = {track.x - kTrackReach, strip.y, track.w + 2 * kTrackReach + 1, hitHeight};
     }
 }
 
@@ -85,14 +82,14 @@ KatharaLayout katharaPanelLayout(const PanelLayout& panel) {
 
 int katharaButtonAt(const KatharaLayout& layout, int x, int y) {
     for (std::size_t i = 0; i < katharaButtons(layout.host).size(); ++i) {
-        if (isInside(layout.buttons[i], x, y)) return static_cast<int>(i);
+        if (contains(layout.buttons[i], x, y)) return static_cast<int>(i);
     }
     return -1;
 }
 
 int katharaSliderAt(const KatharaLayout& layout, int x, int y) {
     for (std::size_t i = 0; i < layout.trackHits.size(); ++i) {
-        if (isInside(layout.trackHits[i], x, y)) return static_cast<int>(i);
+        if (contains(layout.trackHits[i], x, y)) return static_cast<int>(i);
     }
     return -1;
 }

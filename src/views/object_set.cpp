@@ -1,6 +1,7 @@
 #include "views/object_set.h"
 
 #include "ui/toolkit/primitives.h"
+#include "ui/toolkit/rect.h"
 #include "ui/toolkit/text.h"
 
 namespace veloria {
@@ -35,8 +36,7 @@ ObjectSetLayout objectSetLayout(const SDL_Rect& scene) {
 }
 
 int objectSetRowAt(const ObjectSetLayout& layout, int x, int y) {
-    const SDL_Point at{x, y};
-    if (SDL_PointInRect(&at, &layout.box) == SDL_FALSE) return -1;
+    if (!contains(layout.box, x, y)) return -1;
     const int row = (y - layout.firstRow.y) / kObjectSetRowHeight;
     return row < static_cast<int>(kObjectSetRows.size()) ? row : -1;
 }

@@ -1,6 +1,7 @@
 #include "views/sacred_panel.h"
 
 #include "ui/toolkit/primitives.h"
+#include "ui/toolkit/rect.h"
 #include "views/coloured_notes.h"
 #include "views/research_pages.h"
 #include "views/sacred_geometry.h"
@@ -46,8 +47,7 @@ void drawSacredPanel(const DrawContext& context, const PanelState& panel, Sacred
 }
 
 bool sacredTitlePress(SacredState& state, const PanelLayout& panel, int x, int y) {
-    const SDL_Point point{x, y};
-    if (SDL_PointInRect(&point, &panel.info) == SDL_FALSE) return false;
+    if (!contains(panel.info, x, y)) return false;
     state.sacredResearchMode = !state.sacredResearchMode;
     return true;
 }

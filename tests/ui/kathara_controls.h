@@ -40,7 +40,7 @@ inline HostPlaces mainViewPlaces(const SDL_Rect& view) {
         const int x = view.x + 4 + i * (view.w - 20) / 4 + 24;
         const int w = (view.w - 20) / 4 - 40;
         places.tracks.push_back({x, stripY + 11, w, 6});
-        places.trackHits.push_back({x - 4, stripY, w + 8, 24});  // the splitter has the last four rows
+        places.trackHits.push_back({x - 4, stripY, w + 9, 24});  // the splitter has the last four rows
     }
     return places;
 }
@@ -62,7 +62,7 @@ inline HostPlaces panelPlaces(const SDL_Rect& panel) {
         const int x = panel.x + 6 + i * (panel.w - 24) / 4 + 24;
         const int w = (panel.w - 24) / 4 - 40;
         places.tracks.push_back({x, stripY + 9, w, 6});
-        places.trackHits.push_back({x - 4, stripY, w + 8, 24});
+        places.trackHits.push_back({x - 4, stripY, w + 9, 24});
     }
     return places;
 }

@@ -21,14 +21,11 @@
 
 #include <algorithm>
 
+#include "ui/toolkit/rect.h"
+
 namespace veloria {
 
 namespace {
-
-bool isInside(const SDL_Rect& rect, int x, int y) {
-    const SDL_Point point{x, y};
-    return SDL_PointInRect(&point, &rect) == SDL_TRUE;
-}
 
 bool isLeftPress(const SDL_Event& event) {
     return event.type == SDL_MOUSEBUTTONDOWN && event.button.button == SDL_BUTTON_LEFT;
@@ -56,18 +53,18 @@ void beginResize(PanelResize& resize, const PanelState& panel, int id, int x, in
 
 PanelAction pressPanel(PanelState& panel, PanelResize& resize, const PanelInput& input, int x, int y) {
     const PanelLayout layout = panelLayout(panel, input.windowW, input.windowH);
-    if (!isInside(layout.frame, x, y)) return PanelAction::None;
-    if (isInside(layout.closeHit, x, y)) {
+    if (!contains(layout.frame, x, y)) return PanelAction::None;
+    if (contains(layout.closeHit, x, y)) {
         closePanel(panel);
         return PanelAction::Closed;
     }
-    if (isInside(layout.maximiseHit, x, y)) {
+    if (contains(layout.maximiseHit, x, y)) {
         panel.maximised = !panel.maximised;
         return PanelAction::MaximiseToggled;
     }
-    const bool onTitle = isInside(layout.title, x, y);
+    const bool onTitle = contains(layout.title, x, y);
     if (onTitle && input.titleExtra && input.titleExtra(x, y)) return PanelAction::TitleExtra;
-    if (isInside(layout.corner, x, y)) {
+    if (contains(layout.corner, x, y)) {
         beginResize(resize, panel, input.id, x, y);
         return PanelAction::ResizeBegun;
     }
@@ -123,7 +120,7 @@ bool panelResizeEvent(PanelResize& resize, SDL_Rect& rect, const SDL_Event& even
 }
 
 bool panelContains(const PanelState& panel, int windowW, int windowH, int x, int y) {
-    return panel.open && isInside(panelLayout(panel, windowW, windowH).frame, x, y);
+    return panel.open && contains(panelLayout(panel, windowW, windowH).frame, x, y);
 }
 
 void clampToWindow(SDL_Rect& rect, int windowW, int windowH) {
