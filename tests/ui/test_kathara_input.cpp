@@ -143,7 +143,7 @@ TEST_F(KatharaInput, ASliderGivesThePlaceOnItsTrackOverItsRange) {
 }
 
 TEST_F(KatharaInput, APressJustBesideATrackStaysInItsRange) {
-    const SDL_Rect& track = mainPlaces().tracks[1];
+    const SDL_Rect track = mainPlaces().tracks[1];
     down(track.x - 4, track.y);
     EXPECT_FLOAT_EQ(view().elevation, -89.0f);
 }
