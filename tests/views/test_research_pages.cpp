@@ -80,8 +80,8 @@ std::map<int, int> gapsOf(const ResearchPage& page) {
     return counts;
 }
 
-// The hashes are those of the text as it was written, taken outside this program: of its lines, and of the order of its
-// roles and gaps. They change only when the text is meant to.
+// The hashes are those of the text as it was written, taken outside this program: of its lines, and of the
+// order of its roles and gaps. They change only when the text is meant to.
 TEST(ResearchPages, TheKatharaPageIsTheManuscriptWordForWord) {
     EXPECT_EQ(linesOf(katharaPage).size(), 123u);
     EXPECT_EQ(rolesOf(katharaPage),
