@@ -82,7 +82,7 @@ std::map<int, int> gapsOf(const ResearchPage& page) {
 
 // The hashes are those of the text as it was written, taken outside this program: of its lines, and of the
 // order of its roles and gaps. They change only when the text is meant to.
-TEST(ResearchPages, TheKatharaPageIsTheManuscriptWordForWord) {
+TEST(ResearchPages, TheKatharaPageIsItsTextWordForWord) {
     EXPECT_EQ(linesOf(katharaPage).size(), 123u);
     EXPECT_EQ(rolesOf(katharaPage),
               (std::map<LineRole, int>{
@@ -92,7 +92,7 @@ TEST(ResearchPages, TheKatharaPageIsTheManuscriptWordForWord) {
     EXPECT_EQ(fnv1a(orderOf(katharaPage)), 0x2a5d7a4c167aa786u);
 }
 
-TEST(ResearchPages, TheSacredPageIsTheManuscriptWordForWord) {
+TEST(ResearchPages, TheSacredPageIsItsTextWordForWord) {
     EXPECT_EQ(linesOf(sacredPage).size(), 101u);
     EXPECT_EQ(rolesOf(sacredPage),
               (std::map<LineRole, int>{
@@ -102,7 +102,7 @@ TEST(ResearchPages, TheSacredPageIsTheManuscriptWordForWord) {
     EXPECT_EQ(fnv1a(orderOf(sacredPage)), 0x7d527aedf97ce6cbu);
 }
 
-TEST(ResearchPages, TheShortPageIsTheManuscriptWordForWord) {
+TEST(ResearchPages, TheShortPageIsItsTextWordForWord) {
     EXPECT_EQ(linesOf(katharaShortPage).size(), 14u);
     EXPECT_EQ(rolesOf(katharaShortPage), (std::map<LineRole, int>{{Heading, 3}, {Body, 9}, {Dim, 2}}));
     EXPECT_EQ(gapsOf(katharaShortPage), (std::map<int, int>{{2, 3}, {11, 1}, {16, 1}}));

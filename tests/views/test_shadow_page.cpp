@@ -82,7 +82,7 @@ constexpr SDL_Color kGold{255, 215, 0, 255};
 constexpr SDL_Color kViolet{180, 140, 255, 255};
 constexpr SDL_Color kGreen{60, 200, 180, 255};
 
-TEST_F(ShadowPage, SaysWhatTheManuscriptSays) {
+TEST_F(ShadowPage, SaysItsTextToTheLetter) {
     draw(kWide, 0.0f);
     std::string words;
     for (const TextEntry& entry : drawnTexts())
