@@ -9,6 +9,7 @@
 #include "ui/toolkit/format.h"
 #include "ui/toolkit/panel_frame.h"
 #include "ui/toolkit/primitives.h"
+#include "ui/toolkit/rect.h"
 #include "ui/toolkit/text.h"
 #include "views/fold.h"
 
@@ -121,8 +122,7 @@ void drawDisplay(const DrawContext& context, const CalculatorState& state, const
 }
 
 void drawButton(const DrawContext& context, const SDL_Rect& rect, const CalcButton& button) {
-    const SDL_Point mouse{context.mouseX, context.mouseY};
-    const bool hovered = SDL_PointInRect(&mouse, &rect) == SDL_TRUE;
+    const bool hovered = contains(rect, context.mouseX, context.mouseY);
     fillRect(context.renderer, rect,
              withAlpha(hovered ? brighten(button.color, kHoverRise) : button.color, kButtonAlpha));
     outlineRect(context.renderer, rect, kButtonOutline);

@@ -7,13 +7,12 @@
 
 #include "ui/toolkit/line_batch.h"
 #include "ui/toolkit/primitives.h"
+#include "views/ring.h"
 
 namespace veloria {
 
 namespace {
 
-constexpr float kQuarterTurn = 1.5707964f;
-constexpr float kWholeTurn = 6.2831855f;
 constexpr float kShareOfBody = 0.45f;  // of the shorter side, for all radii together
 constexpr float kFadePerArc = 0.3f;
 constexpr std::int32_t kDefaultSteps = 6;
@@ -36,10 +35,6 @@ constexpr SDL_Color kMiddleColour{180, 160, 220, 150};
 constexpr int kMiddleReach = 3;  // pixels from the middle to the square's edges
 constexpr SDL_Color kTitleColour{220, 185, 90, 255};
 
-SDL_FPoint onCircle(const SpiralArc& arc, float angle) {
-    return {arc.centre.x + std::cos(angle) * arc.radius, arc.centre.y + std::sin(angle) * arc.radius};
-}
-
 SDL_Color faded(SDL_Color colour, float fade) {
     const auto cut = [=](Uint8 value) { return static_cast<Uint8>(static_cast<float>(value) * fade); };
     return {cut(colour.r), cut(colour.g), cut(colour.b), cut(colour.a)};
@@ -51,7 +46,7 @@ void drawArc(const DrawContext& context, LineBatch& batch, const SpiralArc& arc,
     const float step = kQuarterTurn / static_cast<float>(arc.segments);
     const auto count = static_cast<std::size_t>(arc.segments);
     for (std::size_t k = 0; k <= count; ++k)
-        corners[k] = onCircle(arc, arc.startAngle + static_cast<float>(k) * step);
+        corners[k] = ringPointF(arc.centre, arc.radius, arc.startAngle + static_cast<float>(k) * step);
     for (std::size_t k = 1; k <= count; ++k)
         addThickLine2dF(batch, corners[k - 1].x, corners[k - 1].y, corners[k].x, corners[k].y, kGlowWidth);
     drawBatch(context.renderer, batch, glowOf(colour), SDL_BLENDMODE_ADD);
@@ -107,7 +102,7 @@ std::array<SpiralArc, kMostArcs> spiralArcs(const HarmonicsLayout& layout, float
 }
 
 float spiralAngle(float frequency, float time) {
-    return std::fmod(frequency * kTurnPerHz, kWholeTurn) + time * kTurnPerTime;
+    return std::fmod(frequency * kTurnPerHz, kTurn) + time * kTurnPerTime;
 }
 
 void drawHarmonics(const DrawContext& context, const SDL_Rect& body, std::int32_t steps,

@@ -62,11 +62,10 @@ void drawResearchPage(const DrawContext& context, const SDL_Rect& body, int left
     drawPageEntries(context, cursor, page.entries, page.heading);
 }
 
-bool scrollResearchPage(PageScroll& scroll, int wheelY) {
+void scrollResearchPage(PageScroll& scroll, int wheelY) {
     const std::int64_t wanted = std::int64_t{scroll.researchScroll} - std::int64_t{wheelY} * kWheelStep;
     const std::int64_t farthest = std::max(scroll.researchScrollMax, 0);
     scroll.researchScroll = static_cast<std::int32_t>(std::clamp<std::int64_t>(wanted, 0, farthest));
-    return true;
 }
 
 }  // namespace veloria

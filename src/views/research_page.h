@@ -51,7 +51,7 @@ void drawPageEntries(const DrawContext& context, ScrolledCursor& cursor, std::sp
 void drawResearchPage(const DrawContext& context, const SDL_Rect& body, int left, const ResearchPage& page,
                       PageScroll& scroll);
 
-// The wheel over a page, in notches, positive away from the user. Always consumed: true.
-bool scrollResearchPage(PageScroll& scroll, int wheelY);
+// The wheel over a page, in notches, positive away from the user.
+void scrollResearchPage(PageScroll& scroll, int wheelY);
 
 }  // namespace veloria

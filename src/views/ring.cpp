@@ -11,6 +11,10 @@ SDL_Point ringPoint(SDL_Point middle, float radius, float angle) {
             middle.y + static_cast<int>(std::sin(angle) * radius)};
 }
 
+SDL_FPoint ringPointF(SDL_FPoint middle, float radius, float angle) {
+    return {middle.x + std::cos(angle) * radius, middle.y + std::sin(angle) * radius};
+}
+
 void drawPolygon(SDL_Renderer* renderer, SDL_Point middle, float radius, int sides, float turn,
                  SDL_Color color) {
     SDL_Point from = ringPoint(middle, radius, turn);

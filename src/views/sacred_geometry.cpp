@@ -8,14 +8,13 @@
 #include "ui/toolkit/color.h"
 #include "ui/toolkit/primitives.h"
 #include "ui/toolkit/text.h"
+#include "views/ring.h"
 
 namespace veloria {
 
 namespace {
 
-constexpr float kNinth = 0.69813174f;  // radians, 40 degrees
-constexpr float kQuarterTurn = 1.5707964f;
-constexpr float kWholeTurn = 6.2831855f;
+constexpr float kNinth = 0.69813174f;    // radians, 40 degrees
 constexpr float kShareOfBody = 0.38f;    // of the shorter side
 constexpr float kInnerShare = 0.15f;     // of the radius
 constexpr float kDigitDistance = 16.0f;  // pixels outside the circle
@@ -68,11 +67,9 @@ void drawSquare(const DrawContext& context, SDL_FPoint middle, int reach, SDL_Co
 void drawCircle(const DrawContext& context, SDL_FPoint centre, float radius, int segments, SDL_Color colour,
                 SDL_BlendMode blend) {
     std::array<SDL_FPoint, kOuterSegments + 1> corners;
-    const float step = kWholeTurn / static_cast<float>(segments);
+    const float step = kTurn / static_cast<float>(segments);
     for (int k = 0; k < segments; ++k) {
-        const float angle = static_cast<float>(k) * step;
-        corners[static_cast<std::size_t>(k)] = {centre.x + radius * std::cos(angle),
-                                                centre.y + radius * std::sin(angle)};
+        corners[static_cast<std::size_t>(k)] = ringPointF(centre, radius, static_cast<float>(k) * step);
     }
     corners[static_cast<std::size_t>(segments)] = corners[0];
     SDL_SetRenderDrawBlendMode(context.renderer, blend);
@@ -143,8 +140,7 @@ void drawNote(const DrawContext& context, const SacredLayout& layout, const Colo
 }
 
 SDL_FPoint onCircle(SDL_FPoint centre, float radius, float ninths) {
-    const float angle = ninths * kNinth - kQuarterTurn;
-    return {centre.x + radius * std::cos(angle), centre.y + radius * std::sin(angle)};
+    return ringPointF(centre, radius, ninths * kNinth - kQuarterTurn);
 }
 
 }  // namespace

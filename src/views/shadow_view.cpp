@@ -8,6 +8,7 @@
 #include "frequency/classify.h"
 #include "ui/toolkit/color.h"
 #include "ui/toolkit/primitives.h"
+#include "ui/toolkit/rect.h"
 #include "ui/toolkit/text.h"
 #include "views/pulse.h"
 #include "views/shadow_page.h"
@@ -170,9 +171,8 @@ ShadowTabs shadowTabs(const SDL_Rect& frame) {
 }
 
 int shadowTabAt(const ShadowTabs& tabs, int x, int y) {
-    const SDL_Point at{x, y};
     for (std::size_t i = 0; i < tabs.size(); ++i) {
-        if (SDL_PointInRect(&at, &tabs[i]) == SDL_TRUE) return static_cast<int>(i);
+        if (contains(tabs[i], x, y)) return static_cast<int>(i);
     }
     return -1;
 }

@@ -230,17 +230,17 @@ TEST_F(ResearchPageView, ScrollMaxDoesNotDependOnTheScroll) {
 TEST_F(ResearchPageView, AShortPageDoesNotScroll) {
     draw(kBody, kSmallPage);
     EXPECT_EQ(scroll.researchScrollMax, 0);
-    EXPECT_TRUE(scrollResearchPage(scroll, -3));
+    scrollResearchPage(scroll, -3);
     EXPECT_EQ(scroll.researchScroll, 0);
-    EXPECT_TRUE(scrollResearchPage(scroll, 3));
+    scrollResearchPage(scroll, 3);
     EXPECT_EQ(scroll.researchScroll, 0);
 }
 
 TEST_F(ResearchPageView, ANotchIsThirtyPixelsAndTheEndsHold) {
     scroll.researchScrollMax = 100;
-    EXPECT_TRUE(scrollResearchPage(scroll, -2));
+    scrollResearchPage(scroll, -2);
     EXPECT_EQ(scroll.researchScroll, 60);
-    EXPECT_TRUE(scrollResearchPage(scroll, 1));
+    scrollResearchPage(scroll, 1);
     EXPECT_EQ(scroll.researchScroll, 30);
     scrollResearchPage(scroll, 2);
     EXPECT_EQ(scroll.researchScroll, 0);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ui/toolkit/rect.h"
+
 namespace veloria {
 
 namespace {
@@ -32,9 +34,7 @@ int gridCellAt(const GridLayout& grid, int count, int x, int y) {
     const int column = (x - grid.x) / (grid.cellWidth + kGap);
     const int index = (y - grid.top) / kGridPitch * grid.columns + column;
     // A column past the last one gives a cell of the next line, which does not hold the point.
-    const SDL_Point point{x, y};
-    const SDL_Rect cell = gridCell(grid, index);
-    return index < count && SDL_PointInRect(&point, &cell) == SDL_TRUE ? index : -1;
+    return index < count && contains(gridCell(grid, index), x, y) ? index : -1;
 }
 
 int gridLines(const GridLayout& grid, int count) {
