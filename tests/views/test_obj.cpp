@@ -118,6 +118,22 @@ TEST(ObjText, BeginsWithItsHeaderAndTheNodes) {
     EXPECT_EQ(katharaObjText(false).back(), '\n');
 }
 
+TEST(ObjText, TheTreeHasItsTwelvePlacesAndItsEdges) {
+    const Obj obj = readObj(katharaObjText(false));
+    const std::vector<std::array<double, 3>> places = {
+        {0.0, -2.4, 0.0},    {1.0, -1.8, 0.35}, {-1.0, -1.8, -0.35}, {1.6, -0.9, 0.55},
+        {-1.6, -0.9, -0.55}, {1.0, 0.0, 0.35},  {-1.0, 0.0, -0.35},  {1.6, 0.9, 0.55},
+        {-1.6, 0.9, -0.55},  {1.0, 1.6, 0.35},  {-1.0, 1.6, -0.35},  {0.0, 2.2, 0.0}};
+    for (std::size_t i = 0; i < places.size(); ++i)
+        expectVertex(obj, static_cast<int>(i) + 1, places[i]);
+    // By the nodes' numbers from 1: the tree, then what crosses it.
+    const std::vector<std::array<int, 2>> edges = {{12, 11}, {12, 10}, {1, 3},  {1, 2},  {11, 10}, {7, 6},
+                                                   {3, 2},   {11, 9},  {10, 8}, {9, 7},  {8, 6},   {7, 5},
+                                                   {6, 4},   {5, 3},   {4, 2},  {11, 8}, {10, 9},  {9, 6},
+                                                   {8, 7},   {7, 4},   {6, 5},  {5, 2},  {4, 3}};
+    EXPECT_EQ(obj.groups[0].lines, edges);
+}
+
 TEST(ObjText, HoldsThreeHundredAndSeventyFiveVerticesInEightGroups) {
     const Obj obj = readObj(katharaObjText(false));
     EXPECT_EQ(obj.vertices.size(), 375u);

@@ -8,7 +8,11 @@
 #include <vector>
 
 #include "tests/views/scene_fixture.h"
+#include "ui/toolkit/primitives.h"
 #include "views/kathara_geometry.h"
+#include "views/object_set.h"
+#include "views/scene_overlays.h"
+#include "views/vitruvian_figure.h"
 
 namespace veloria {
 namespace {
@@ -137,6 +141,33 @@ TEST_F(SceneDraw, WhatIsInFrontIsPaintedOverWhatIsBehind) {
     view.elevation = -89.0f;
     ASSERT_GT(seen(low).depth, seen(high).depth);
     EXPECT_TRUE(isColor(draw().at(seen(low).x, seen(low).y), hole, 25));
+}
+
+TEST_F(SceneDraw, TheFigureStandsBeforeTheLegendAndBehindTheObjectSet) {
+    view.showVitruvian = true;
+    view.zoom = 4.5f;  // its circle passes through the legend, its square through the panel
+    const Picture whole = draw();
+    const SceneCanvas canvas{context, rect, view, 0.7f};
+    const auto compose = [&](bool figureLast) {
+        fillRect(context.renderer, rect, kSpace);
+        if (!figureLast) drawVitruvianFigure(canvas);
+        drawSceneLegend(canvas);
+        drawStatusLine(canvas);
+        if (figureLast) drawVitruvianFigure(canvas);
+        drawObjectSet(context, objectSetLayout(rect), view);
+        return picture();
+    };
+    EXPECT_TRUE(compose(true) == whole);
+    EXPECT_FALSE(compose(false) == whole) << "they overlap";
+}
+
+TEST_F(SceneDraw, ACentroidStandsBeforeTheDotsThatMakeIt) {
+    view.showReflection = view.showCentroid = true;
+    sounding = {152.0f};
+    pans = {0.0f};
+    const Seen dot = seen(freqTo3D(152, 0.6f));
+    const SDL_Color middle = drawSilently().at(dot.x, dot.y);
+    EXPECT_GT(middle.b, 200) << "white, where the dot is yellow";
 }
 
 TEST_F(SceneDraw, RotationTurnsAQuarterOfADegreeAPicture) {

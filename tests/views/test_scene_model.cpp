@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/views/scene_fixture.h"
+#include "views/helix.h"
 #include "views/kathara_geometry.h"
 
 namespace veloria {
@@ -190,6 +191,29 @@ TEST_F(SceneModel, TheHelixColoursOnlyNumbersOfOneToFour) {
     EXPECT_EQ(find(SceneItemKind::Diamond, 236).colour, (SDL_Color{50, 50, 50, 30})) << "211, stop";
     EXPECT_EQ(find(SceneItemKind::Diamond, 204).colour, (SDL_Color{40, 140, 70, 25})) << "115 keeps its own";
     EXPECT_EQ(find(SceneItemKind::Diamond, 415).colour, (SDL_Color{100, 50, 160, 25}));
+}
+
+TEST(Helix, EachAminoAcidHasItsColour) {
+    const struct {
+        int code;
+        const char* label;
+        SDL_Color colour;
+    } codons[] = {{222, "TTT/Phe", {255, 180, 60, 255}},  {221, "TTA/Leu", {255, 160, 40, 255}},
+                  {122, "ATT/Ile", {240, 150, 30, 255}},  {123, "ATG/Met", {255, 215, 0, 255}},
+                  {322, "GTT/Val", {230, 140, 50, 255}},  {242, "TCT/Ser", {80, 220, 180, 255}},
+                  {442, "CCT/Pro", {200, 130, 80, 255}},  {142, "ACT/Thr", {100, 210, 160, 255}},
+                  {342, "GCT/Ala", {210, 160, 70, 255}},  {212, "TAT/Tyr", {120, 200, 200, 255}},
+                  {412, "CAT/His", {100, 140, 255, 255}}, {411, "CAA/Gln", {140, 200, 220, 255}},
+                  {112, "AAT/Asn", {120, 210, 190, 255}}, {111, "AAA/Lys", {80, 120, 255, 255}},
+                  {312, "GAT/Asp", {255, 80, 80, 255}},   {311, "GAA/Glu", {255, 100, 100, 255}},
+                  {232, "TGT/Cys", {100, 220, 200, 255}}, {233, "TGG/Trp", {255, 200, 80, 255}},
+                  {432, "CGT/Arg", {60, 100, 255, 255}},  {332, "GGT/Gly", {160, 220, 180, 255}},
+                  {231, "TGA/STP", {100, 100, 100, 255}}};
+    for (const auto& codon : codons) {
+        EXPECT_EQ(codonColour(codon.code), codon.colour) << codon.label;
+        EXPECT_EQ(codonLabel(codon.code), codon.label);
+    }
+    EXPECT_EQ(codonLabel(115), "");
 }
 
 TEST_F(SceneModel, NodesLightBySoundAlone) {

@@ -108,6 +108,30 @@ TEST_F(SceneOverlays, APyramidIsGlassWithEdgesAndABrightApex) {
     EXPECT_EQ(seenPicture.at(middle.x - 8, middle.y), kBackdrop) << "outside the edge";
 }
 
+TEST_F(SceneOverlays, EachPyramidHasItsColour) {
+    drawMerkaba(canvas());
+    EXPECT_EQ(at({-1.908f * 0.8660254f, 0.0f, -0.954f}), (SDL_Color{170, 85, 210, 255}));
+    // The same edge as above: over the ground or over one or two of the faces that it borders.
+    const Seen left = seen(pyramidCorners(0)[2]);
+    const Seen low = seen(pyramidCorners(0)[1]);
+    const SDL_Color glass{230, 185, 50, 40};
+    const SDL_Color edge{230, 185, 50, 100};
+    const SDL_Color once = over(glass, kBackdrop);
+    const Picture front = picture();
+    int edges = 0;
+    for (int dy = -2; dy <= 2; ++dy) {
+        const SDL_Color pixel = front.at((left.x * 9 + low.x) / 10, (left.y * 9 + low.y) / 10 + dy);
+        for (const SDL_Color& below : {kBackdrop, once, over(glass, once)})
+            edges += isColor(pixel, over(edge, below)) ? 1 : 0;
+    }
+    EXPECT_GT(edges, 0);
+    // From the side the first one's apex stands free.
+    view.azimuth = 90.0f;
+    screen.clear(kBackdrop);
+    drawMerkaba(canvas());
+    EXPECT_EQ(at({0.0f, 0.0f, 1.908f}), (SDL_Color{230, 185, 50, 255}));
+}
+
 TEST_F(SceneOverlays, EveryFaceIsBlendedAtItsAlpha) {
     drawMerkaba(canvas());
     const Picture seenPicture = picture();

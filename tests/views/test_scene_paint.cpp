@@ -167,6 +167,33 @@ TEST_F(ScenePaint, AnActiveNodeGlowsAndKeepsItsTextsOutOfTheTest) {
     EXPECT_GT(green, 10) << "Transit, in the colour of its own realm";
 }
 
+TEST_F(ScenePaint, WhatSoundsIsWrittenBrighter) {
+    pulse = 0.0f;  // no glow under the texts
+    paint(node(200, 200, true, 5));
+    EXPECT_TRUE(label("396 Hz", 200 - width("396 Hz") / 2, 200 - 12 - 14, {245, 240, 215, 255}));
+    EXPECT_TRUE(label("Yud 10", 200 - width("Yud 10") / 2, 200 + 12 + 2, {180, 175, 200, 220}));
+    EXPECT_TRUE(label("Earthly", 200 - width("Earthly") / 2, 200 + 12 + 14, {220, 175, 55, 160}));
+}
+
+TEST_F(ScenePaint, TheHebrewLetterIsCentredAndHasTheNodesColour) {
+    TTF_Font* wide = fonts.fontWide;
+    if (wide == nullptr) GTEST_SKIP() << "no font";
+    fonts.fontTiny = nullptr;
+    const char* const letter = "\xD7\xA7";  // Qof
+    for (const bool active : {false, true}) {
+        screen.clear(kBackdrop);
+        paint(node(200, 200, active, 11));
+        const Picture whole = picture();
+        screen.clear(kBackdrop);
+        fonts.fontWide = nullptr;
+        paint(node(200, 200, active, 11));
+        fonts.fontWide = wide;
+        DrawTextUtf8(context, letter, 200 - measureTextUtf8(wide, letter).x / 2, 192, wide,
+                     {220, 175, 55, static_cast<Uint8>(active ? 255 : 180)});
+        EXPECT_TRUE(picture() == whole) << active;
+    }
+}
+
 TEST_F(ScenePaint, TheHebrewLetterStandsInTheRingAndTakesNoPartInTheTest) {
     if (fonts.fontWide == nullptr) GTEST_SKIP() << "no font";
     paint(node(200, 200, false, 11));
