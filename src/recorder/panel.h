@@ -44,6 +44,9 @@ bool handleRecorderEvent(Recorder& recorder, const SDL_Event& event, const SDL_R
 // Is the point on the open clip editor?
 [[nodiscard]] bool recorderEditContains(const Recorder& recorder, const SDL_Rect& area, int x, int y);
 
+// Closes the clip editor; nothing while it is closed.
+void closeClipEditor(Recorder& recorder);
+
 // Is a range field open, so that all typing is meant for it?
 [[nodiscard]] bool isEditingRange(const Recorder& recorder);
 

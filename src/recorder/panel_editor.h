@@ -34,6 +34,5 @@ extern const std::array<EditorRow, kEditorRowCount> kEditorRows;
 // Opens the editor on a clip of `channel`, at the mouse and above the clip's row if the panel has room there.
 void openClipEditor(Recorder& recorder, const RecorderLayout& layout, RecorderClip& clip,
                     std::int32_t channel, int mouseX);
-void closeClipEditor(Recorder& recorder);
 
 }  // namespace veloria

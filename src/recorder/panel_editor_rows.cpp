@@ -2,6 +2,7 @@
 #include <cstdint>
 
 #include "recorder/clips.h"
+#include "recorder/panel.h"
 #include "recorder/panel_editor.h"
 #include "ui/toolkit/format.h"
 

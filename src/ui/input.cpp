@@ -56,25 +56,30 @@ bool calculatorTakes(AppState& app, const SDL_Event& event) {
     return taken;
 }
 
+// Whoever takes a press elsewhere: the typed range is given up, as by Escape, and the clip editor closes.
+void leaveRecorder(AppState& app, int x, int y) {
+    const SDL_Rect& area = app.layout.recorder;
+    if (!contains(area, x, y)) endRangeEditing(app.recorder);
+    if (!recorderEditContains(app.recorder, area, x, y)) closeClipEditor(app.recorder);
+}
+
 }  // namespace
 
 void handleEvent(AppState& app, const SDL_Event& event) {
     renderMemoryEvent(app, event);
     if (!app.sizes.layoutReady) return;
     const PointerEvent pointer = pointerEvent(event);
-    // Whoever takes a press elsewhere: the typed range is given up, as by Escape.
-    if (pointer.leftDown && !contains(app.layout.recorder, pointer.x, pointer.y))
-        endRangeEditing(app.recorder);
+    if (pointer.leftDown) leaveRecorder(app, pointer.x, pointer.y);
     // A release is nobody's alone: it goes all the way, so that no drag outlives it.
     if (calculatorTakes(app, event)) return;
     if (panelsEvent(app, event, pointer)) return;
     // The clip editor reaches above the recorder, over what lies there. What is held moves and ends over it
     // as elsewhere.
-    const bool forEditor = (pointer.leftDown || pointer.wheel) &&
+    const bool forEditor = (pointer.leftDown || pointer.otherDown || pointer.wheel) &&
                            recorderEditContains(app.recorder, app.layout.recorder, pointer.x, pointer.y);
     if (!forEditor && centreViewEvent(app, event, pointer)) return;
     if (!forEditor && splittersEvent(app, pointer)) return;
-    if (recorderEvent(app, event)) return;
+    if (recorderEvent(app, event) || forEditor) return;
     if (rowDragEvent(app, event, pointer)) return;
     if (fxSlidersEvent(app, pointer)) return;
     if (tuningControlsEvent(app, pointer)) return;

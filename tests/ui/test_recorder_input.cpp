@@ -1,6 +1,9 @@
 // Where the recorder and the rest of the window meet.
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "recorder/clips.h"
 #include "recorder/panel.h"
 #include "recorder/playback.h"
@@ -107,6 +110,78 @@ TEST_F(RecorderInputTest, APressOnTheOpenClipEditorIsNotTheSplitters) {
     up(505, edge);
     down(300, edge);  // beside it the splitter is the splitter
     EXPECT_EQ(app.held.splitter, Splitter::Recorder);
+}
+
+// An editor on a clip of the first channel; the panel is low, so that the box reaches above it.
+class RecorderEditorInput : public RecorderInputTest {
+  protected:
+    RecorderEditorInput() {
+        app.sizes.recorderHeight = 150;
+        frame();
+        RecorderClip made;
+        made.end = 3.0;
+        clip = &addClip(app.recorder, 0, 440.0, made);
+    }
+    void openEditor(int x) {
+        app.recorder.editOpen = true;
+        app.recorder.editClip = clip;
+        app.recorder.editChannel = 0;
+        app.recorder.editX = x;
+        frame();
+        ASSERT_TRUE(recorderEditContains(app.recorder, app.layout.recorder, x + 5, app.recorder.editY + 5));
+    }
+    RecorderClip* clip = nullptr;
+};
+
+TEST_F(RecorderEditorInput, EveryPressBesideItClosesItWhoeverTakesThePress) {
+    panel(kPolarPanel).open = true;
+    panel(kPolarPanel).rect = {420, 60, 200, 150};
+    toggleCalculator(app.calculator);
+    app.calculator.calcRect = {640, 60, 200, 300};
+    frame();
+    const WindowLayout& layout = app.layout;
+    const std::vector<std::pair<const char*, SDL_Point>> places = {
+        {"the calculator", {700, 70}},
+        {"a panel", {500, 150}},
+        {"the main view", {layout.centre.x + layout.centre.w / 2, layout.centre.y + layout.centre.h / 2}},
+        {"the recorder's edge", {40, layout.contentBottom}},
+        {"the left edge", {layout.leftWidth, 300}},
+        {"a tab", {20, 40}},
+        {"the recorder's title", {40, layout.recorder.y + 12}},
+    };
+    for (const auto& [name, place] : places) {
+        openEditor(80);
+        down(place.x, place.y);
+        EXPECT_FALSE(app.recorder.editOpen) << name;
+        EXPECT_EQ(app.recorder.editClip, nullptr) << name;
+        up(place.x, place.y);
+    }
+}
+
+TEST_F(RecorderEditorInput, OnlyTheLeftButtonClosesIt) {
+    openEditor(80);
+    for (const Uint8 button : {Uint8{SDL_BUTTON_RIGHT}, Uint8{SDL_BUTTON_MIDDLE}}) {
+        down(700, 200, button);
+        up(700, 200, button);
+    }
+    move(700, 200);
+    wheel(700, 200, 1);
+    EXPECT_TRUE(app.recorder.editOpen);
+}
+
+TEST_F(RecorderEditorInput, RowsBeneathItAreNeitherDraggedNorScrolled) {
+    openEditor(app.layout.windowW - 240);
+    const SDL_Point place{app.layout.windowW - 100, app.recorder.editY + 30};
+    ASSERT_LT(place.y, app.layout.contentBottom - 8);
+    wheel(place.x, place.y, -1);
+    EXPECT_EQ(app.avatarScroll, 0);
+    down(place.x, place.y, SDL_BUTTON_RIGHT);
+    EXPECT_FALSE(app.recorder.droneDragging);
+    app.recorder.editOpen = false;
+    wheel(place.x, place.y, -1);
+    EXPECT_GT(app.avatarScroll, 0) << "there are rows, and they scroll";
+    down(place.x, place.y, SDL_BUTTON_RIGHT);
+    EXPECT_TRUE(app.recorder.droneDragging);
 }
 
 TEST_F(RecorderInputTest, OnlyOneFieldIsTypedIntoAtATime) {
