@@ -139,6 +139,9 @@ TEST(Lanes, ANoteMayBeginAThousandthBeforeTheLastOneEnds) {
     EXPECT_EQ(packer.place(0.0, 1.0), 0);
     EXPECT_EQ(packer.place(0.9995, 2.0), 0);
     EXPECT_EQ(packer.place(1.998, 3.0), 1);
+    LanePacker other;
+    EXPECT_EQ(other.place(0.0, 0.001), 0);
+    EXPECT_EQ(other.place(0.0, 1.0), 0) << "a thousandth, no less";
 }
 
 TEST(Lanes, With32TakenTheOneThatEndsFirstIsShared) {
@@ -363,6 +366,7 @@ TEST_F(MidiImport, NothingElseIsSplit) {
     EXPECT_EQ(import({note(0.0, 1.0, 68), note(1.0, 2.0, 69)}).pairs, 0);  // touching
     EXPECT_EQ(import({note(0.0, 1.0, 69), note(0.0, 1.0, 69)}).pairs, 0);  // one frequency
     EXPECT_EQ(import({note(0.0, 1.0, 61), note(0.0, 1.0, 62)}).pairs, 0);  // Rotation and Reflection
+    EXPECT_EQ(import({note(0.0, 1.0, 67), note(0.0, 1.0, 68)}).pairs, 0);  // Reflection and Shadow
     EXPECT_EQ(import({note(0.0, 1.0, 65), note(0.0, 1.0, 68)}).pairs, 0);  // 66 Hz apart
     EXPECT_EQ(panOf(1), 0.5f);
     EXPECT_EQ(panOf(2), 0.5f);

@@ -119,6 +119,14 @@ TEST_F(Playback, AVeryShortClipGetsAnHourAndIsEndedByTheNextFrame) {
     EXPECT_TRUE(recorder.activeClips.empty());
 }
 
+TEST_F(Playback, AClipOfAHundredthHasAVoiceOfItsOwnLength) {
+    add(0, 440.0, 0.0, 0.01);
+    playAt(0.0);
+    tickRecorder(recorder, 0.002f);
+    ASSERT_EQ(engine.voices.size(), 1u);
+    EXPECT_EQ(engine.voices[0].endTime, 0.01);
+}
+
 TEST_F(Playback, AFrameThatLeapsOverAClipLeavesItSilent) {
     add(0, 440.0, 1.0, 1.005);
     playAt(0.99);
