@@ -20,7 +20,7 @@ trap finish EXIT
 isolate_user "$work"
 export SDL_AUDIODRIVER=dummy
 
-# Two voices in canon, so that there is something to see.
+# Three voices in canon, so that there is something to see; long enough for a slow machine.
 python3 - "$work/canon.mid" <<'PY'
 import struct, sys
 def track(channel, first, keys):
@@ -30,7 +30,7 @@ def track(channel, first, keys):
         data += bytes([delta & 0x7F, 0x90 | channel, key, 90, 0x83, 0x60, 0x80 | channel, key, 0])
     data += bytes([0, 0xFF, 0x2F, 0])
     return b"MTrk" + struct.pack(">I", len(data)) + data
-keys = [60, 62, 64, 65, 67, 69, 71, 72, 71, 69, 67, 65, 64, 62] * 8
+keys = [60, 62, 64, 65, 67, 69, 71, 72, 71, 69, 67, 65, 64, 62] * 60
 tracks = track(0, 0, keys) + track(1, 0x40, [k - 12 for k in keys]) + track(2, 0, [k + 7 for k in keys])
 with open(sys.argv[1], "wb") as file:
     file.write(b"MThd" + struct.pack(">IHHH", 6, 1, 3, 480) + tracks)
@@ -46,13 +46,13 @@ window="$found"
 geometry() { xdotool getwindowgeometry --shell "$window" | grep -qx "$1"; }
 # picture NAME: once the frame after the last click is drawn.
 picture() {
-  sleep 0.3
+  sleep 0.6
   import -window "$window" "$folder/$1.png"
   echo "$folder/$1.png"
 }
 # part NAME X Y W H: a part of the window, for the manual.
 part() {
-  sleep 0.3
+  sleep 0.6
   mkdir -p "$folder/manual"
   import -window "$window" -crop "$4x$5+$2+$3" +repage -strip "$folder/manual/$1.png"
   echo "$folder/manual/$1.png"
@@ -129,15 +129,12 @@ click_at 100 306 # SCOPE
 picture scope
 click_at 100 306
 
-# The manual's pictures, with the canon played from its beginning. More room for the centre view first. The buttons
+# The manual's pictures. More room for the centre view first. The buttons
 # of the tab VIZ stand 32 pixels apart; they are clicked at their left ends, where no panel lies over them.
 drag() { xdotool mousemove --window "$window" "$1" "$2" mousedown 1 mousemove --window "$window" "$3" "$4" mouseup 1; }
 drag 960 890 960 700
 drag 880 300 1240 300
 viz() { click_at 20 $((82 + 32 * $1)); }
-click_at 1004 16 # STOP
-click_at 1044 16 # PLAY
-sleep 1
 viz 5 # LOTUS: its clock makes all pictures breathe
 sleep 1
 part lotus 100 100 360 360
