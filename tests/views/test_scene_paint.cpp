@@ -178,7 +178,8 @@ TEST_F(ScenePaint, WhatSoundsIsWrittenBrighter) {
 TEST_F(ScenePaint, TheHebrewLetterIsCentredAndHasTheNodesColour) {
     TTF_Font* wide = fonts.fontWide;
     if (wide == nullptr) GTEST_SKIP() << "no font";
-    fonts.fontTiny = nullptr;
+    TTF_Font* tiny = fonts.fontTiny;
+    fonts.fontTiny = nullptr;               // the letter alone
     const char* const letter = "\xD7\xA7";  // Qof
     for (const bool active : {false, true}) {
         screen.clear(kBackdrop);
@@ -192,6 +193,7 @@ TEST_F(ScenePaint, TheHebrewLetterIsCentredAndHasTheNodesColour) {
                      {220, 175, 55, static_cast<Uint8>(active ? 255 : 180)});
         EXPECT_TRUE(picture() == whole) << active;
     }
+    fonts.fontTiny = tiny;
 }
 
 TEST_F(ScenePaint, TheHebrewLetterStandsInTheRingAndTakesNoPartInTheTest) {
