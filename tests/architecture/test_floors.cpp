@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/source_dir.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -81,14 +83,14 @@ std::vector<std::string> projectIncludes(const fs::path& file) {
     std::ifstream stream(file);
     for (std::string line; std::getline(stream, line);) {
         const std::string path = includedPath(line);
-        if (!path.empty() && fs::exists(fs::path(VELORIA_SOURCE_DIR) / "src" / path)) found.push_back(path);
+        if (!path.empty() && fs::exists(fs::path(sourceDir()) / "src" / path)) found.push_back(path);
     }
     return found;
 }
 
 std::vector<fs::path> sources() {
     std::vector<fs::path> files;
-    for (const auto& entry : fs::recursive_directory_iterator(fs::path(VELORIA_SOURCE_DIR) / "src")) {
+    for (const auto& entry : fs::recursive_directory_iterator(fs::path(sourceDir()) / "src")) {
         const std::string extension = entry.path().extension().string();
         if (extension == ".h" || extension == ".hpp" || extension == ".cpp" || extension == ".cc")
             files.push_back(entry.path());
@@ -100,13 +102,13 @@ TEST(Floors, EverySourceBelongsToAFolderOfTheTable) {
     const auto files = sources();
     ASSERT_GT(files.size(), 20u);
     for (const fs::path& file : files) {
-        const std::string path = fs::relative(file, fs::path(VELORIA_SOURCE_DIR) / "src").generic_string();
+        const std::string path = fs::relative(file, fs::path(sourceDir()) / "src").generic_string();
         EXPECT_FALSE(folderOf(path).empty()) << path;
     }
 }
 
 TEST(Floors, AFolderIncludesOnlyItselfAndLowerFloors) {
-    const fs::path root = fs::path(VELORIA_SOURCE_DIR) / "src";
+    const fs::path root = fs::path(sourceDir()) / "src";
     for (const fs::path& file : sources()) {
         const std::string path = fs::relative(file, root).generic_string();
         const Folders allowed = reachable(folderOf(path));
@@ -123,7 +125,7 @@ TEST(Floors, AnIncludeIsSeenHoweverItIsWritten) {
     EXPECT_EQ(includedPath("#include <engine/voice.h>"), "engine/voice.h");
     EXPECT_EQ(includedPath("  # include  \"engine/voice.h\"  // why"), "engine/voice.h");
     EXPECT_EQ(includedPath("// #include \"engine/voice.h\""), "");
-    EXPECT_EQ(projectIncludes(fs::path(VELORIA_SOURCE_DIR) / "src/engine/reports.h"),
+    EXPECT_EQ(projectIncludes(fs::path(sourceDir()) / "src/engine/reports.h"),
               std::vector<std::string>{"engine/synth_engine.h"});
 }
 

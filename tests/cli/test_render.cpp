@@ -7,6 +7,7 @@
 #include "tests/cli/tool_wav.h"
 #include "tests/media/midi_bytes.h"
 #include "tests/media/wav_bytes.h"
+#include "tests/source_dir.h"
 
 namespace veloria {
 namespace {
@@ -129,7 +130,7 @@ TEST_F(Render, EverySampleFormatSoundsTheSame) {
 }
 
 TEST_F(Render, AnMp3FileComesOutWithItsToneAndLength) {
-    const std::string input = std::string(VELORIA_SOURCE_DIR) + "/tests/media/data/mono_44100.mp3";
+    const std::string input = sourceDir() + "/tests/media/data/mono_44100.mp3";
     ASSERT_TRUE(std::filesystem::exists(input));
     EXPECT_EQ(run("render '" + input + "' out.wav").status, 0);
     const auto samples = samplesOf(path("out.wav"));

@@ -9,6 +9,7 @@
 
 #include "media/pcm_loader.h"
 #include "tests/media/wav_bytes.h"
+#include "tests/source_dir.h"
 
 namespace veloria::test {
 namespace {
@@ -36,8 +37,7 @@ class PcmLoader : public testing::Test {
 
     std::string writeTone(const std::string& name) {
         const std::filesystem::path path = folder_ / name;
-        std::filesystem::copy_file(std::string(VELORIA_SOURCE_DIR) + "/tests/media/data/mono_44100.mp3",
-                                   path);
+        std::filesystem::copy_file(sourceDir() + "/tests/media/data/mono_44100.mp3", path);
         return path.string();
     }
 

@@ -14,6 +14,7 @@
 
 #include "media/mp3_reader.h"
 #include "media/resample.h"
+#include "tests/source_dir.h"
 
 namespace veloria::test {
 namespace {
@@ -22,7 +23,7 @@ using Bytes = std::vector<std::uint8_t>;
 using Samples = std::vector<float>;
 
 Bytes readSource(const std::string& name) {
-    const std::string path = std::string(VELORIA_SOURCE_DIR) + "/" + name;
+    const std::string path = sourceDir() + "/" + name;
     std::FILE* file = std::fopen(path.c_str(), "rb");
     EXPECT_NE(file, nullptr) << path;
     Bytes bytes(20000);

@@ -14,12 +14,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/source_dir.h"
 #include "tests/ui/offscreen.h"
 
 namespace veloria::test {
 
 inline std::string goldenPath(const std::string& name) {
-    return std::string(VELORIA_SOURCE_DIR) + "/tests/views/golden/" + name + ".png";
+    return sourceDir() + "/tests/views/golden/" + name + ".png";
 }
 
 inline bool writePng(const std::string& path, const Picture& picture) {

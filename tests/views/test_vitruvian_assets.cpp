@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "tests/platform/scratch_folder.h"
+#include "tests/source_dir.h"
 #include "tests/ui/offscreen.h"
 #include "tests/views/literal_wire.h"
 #include "tests/views/stl_bytes.h"
@@ -195,7 +196,7 @@ TEST_F(VitruvianAssetsTest, AFileAboveSixtyFourMegabytesIsNoBackdrop) {
 
 TEST_F(VitruvianAssetsTest, TheScriptsPicturesLoad) {
     if (std::system("python3 -c '' 2>/dev/null") != 0) GTEST_SKIP() << "no python3";
-    const std::string script = VELORIA_SOURCE_DIR "/scripts/make_assets.py";
+    const std::string script = sourceDir() + "/scripts/make_assets.py";
     ASSERT_EQ(std::system(("python3 '" + script + "' made > out.txt").c_str()), 0);
     EXPECT_EQ(text(fileBytes("out.txt")),
               "make_assets: made/vitruvian.bmp (512 x 512)\nmake_assets: made/icon.bmp (64 x 64)\n");
