@@ -1,7 +1,7 @@
 #pragma once
 
-// What nearly every test includes, parsed once for all test programs. A test still includes what it uses itself, so
-// that it can be read and moved without this header.
+// What nearly every test includes, parsed once for all test programs. A test still includes what it uses
+// itself, so that it can be read and moved without this header.
 #include <gtest/gtest.h>
 
 #include <algorithm>
