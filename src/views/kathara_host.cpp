@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t kMaxSceneNotes = 128;
 constexpr int kMainPageLeft = 12;  // of the page's text in its body
 constexpr int kPanelPageLeft = 10;
-constexpr SDL_Color kTitleColor{225, 195, 140, 255};
+constexpr SDL_Color kTitleColor{220, 190, 130, 255};
 
 // The notes as the scene takes them.
 struct SceneNotes {

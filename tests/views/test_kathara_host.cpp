@@ -302,7 +302,7 @@ TEST_F(KatharaHosts, ThePanelHasItsOwnColours) {
 }
 
 TEST_F(KatharaHosts, TheTitleSaysWhichPageThePanelShows) {
-    const SDL_Color title{225, 195, 140, 255};
+    const SDL_Color title{220, 190, 130, 255};
     const SDL_Color bar{42, 40, 56, 255};
     EXPECT_TRUE(isText(panelPicture(), bar, "KATHARA  [Solfeggio Grid]", 48, 34, fonts.fontTab, title));
     state.researchMode = true;
