@@ -51,6 +51,7 @@ bool mustSettle(bool open, SDL_Point& settledIn, const WindowLayout& layout) {
 
 void settleFloatingWindows(AppState& app) {
     const WindowLayout& layout = app.layout;
+    if (layout.windowW <= 0 || layout.windowH <= 0) return;  // put away: there is no place to be in
     for (PanelState& panel : app.panels.panels) {
         if (!mustSettle(panel.open, panel.settledIn, layout)) continue;
         panel.rect.w = std::max(kPanelMinimumWidth, std::min(panel.rect.w, layout.windowW));

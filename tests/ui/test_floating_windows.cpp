@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/ui/events.h"
+#include "ui/floating_panels.h"
 
 namespace veloria {
 namespace {
@@ -160,6 +161,20 @@ TEST_F(FloatingWindows, OneThatIsNotOutsideStaysWhereItIs) {
         shrink(size.x, size.y);
         EXPECT_TRUE(SDL_RectEquals(&panel(kPolarPanel).rect, &polar)) << size.x;
         EXPECT_TRUE(SDL_RectEquals(&app.calculator.calcRect, &calculator)) << size.x;
+    }
+}
+
+TEST_F(FloatingWindows, AWindowThatIsPutAwayMovesNothing) {
+    togglePanel(app.panels, kSpectrumPanel);
+    openCalculator();
+    const SDL_Rect spectrum = panel(kSpectrumPanel).rect;
+    const SDL_Rect calculator = app.calculator.calcRect;
+    for (const SDL_Point& size : {SDL_Point{0, 0}, {0, 600}, {800, 0}}) {
+        app.layout.windowW = size.x;
+        app.layout.windowH = size.y;
+        settleFloatingWindows(app);
+        EXPECT_TRUE(SDL_RectEquals(&panel(kSpectrumPanel).rect, &spectrum)) << size.x << ", " << size.y;
+        EXPECT_TRUE(SDL_RectEquals(&app.calculator.calcRect, &calculator)) << size.x << ", " << size.y;
     }
 }
 
