@@ -10,6 +10,12 @@ namespace veloria {
 
 namespace {
 
+// What stood still or ended behind the frames' back: a load drops every voice, and no frame is drawn while a
+// dialog is open.
+void redrawScene(AppState& app) {
+    app.kathara.sceneDirty = true;
+}
+
 void exportRecorder(AppState& app) {
     ExportSurroundings surroundings;
     surroundings.midi = &app.players.midi;
@@ -22,17 +28,20 @@ void exportRecorder(AppState& app) {
         app.lastFrameMs = 0;
     };
     exportRecorderDialog(app.recorder, *app.engine, surroundings);
+    redrawScene(app);
 }
 
 void importMidi(AppState& app) {
     app.players.midi.normalizeMatch = app.transport.midiNormalize ? 1 : 0;
     importMidiToRecorder(app.players.midi, app.recorder, *app.engine);
+    redrawScene(app);
 }
 
 void loadFile(AppState& app, const std::string& path) {
     loadMedia(app.transport, app.players, path);
     // A load drops every voice: the clips under the playhead are to begin anew.
     app.recorder.activeClips.clear();
+    redrawScene(app);
 }
 
 void reset(AppState& app) {
@@ -40,6 +49,7 @@ void reset(AppState& app) {
     stopPlayback(app.recorder);
     clearRecorder(app.recorder);
     resetLotus(app.lotus);
+    redrawScene(app);
 }
 
 }  // namespace

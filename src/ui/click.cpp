@@ -2,8 +2,10 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/path_text.h"
+#include "ui/frame.h"
 #include "ui/input.h"
 
 namespace veloria {
@@ -15,10 +17,13 @@ constexpr const char* kTopBarLabels[kTopBarButtonCount] = {"LOAD MUSIC FILE", "S
 // Asks for a file and loads it.
 void loadMusicFile(AppState& app) {
     const std::string path = platform::chooseFileToOpen(kMusicFileDialog);
+    app.kathara.sceneDirty = true;
     if (path.empty()) return;
     const std::size_t slash = path.find_last_of("\\/");
     app.transport.fileLabel =
         platform::displayText(slash == std::string::npos ? path : path.substr(slash + 1));
+    // The chooser has left its shape on the window, and a load can take long and end in a message.
+    renderFrame(app, platform::ticksMs());
     if (app.onLoadFile) app.onLoadFile(path);
 }
 

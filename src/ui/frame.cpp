@@ -36,6 +36,7 @@ void prepareLayout(AppState& app) {
     }
     initPanelSizes(app.sizes, width);
     app.layout = windowLayout(app.sizes, width, height);
+    settleFloatingWindows(app);
     app.hits = {};  // what this frame does not draw cannot be hit
 }
 

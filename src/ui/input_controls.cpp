@@ -209,6 +209,8 @@ bool rowWheelEvent(AppState& app, const SDL_Event& event, const PointerEvent& po
 
 bool keyEvent(AppState& app, const SDL_Event& event) {
     if (event.type != SDL_KEYDOWN) return false;
+    // A combination is another key, and of these none has a meaning here.
+    if ((event.key.keysym.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) != 0) return true;
     switch (event.key.keysym.sym) {
         case SDLK_1:
             app.engine->midiTuningMode = 0;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <string>
 #include <vector>
@@ -349,6 +350,112 @@ TEST_F(LoadAndReset, ResetStopsThePlaybackAndEmptiesTheRecorder) {
     frame(kNow + 60);
     EXPECT_TRUE(engine.voices.empty());
     EXPECT_EQ(app.recorder.playhead, 0.0);
+}
+
+// The kept picture of the scene, and what it shows once something has been going on without frames.
+class KeptScene : public Wiring {
+  protected:
+    // How many pixels of the main view differ.
+    int differing(const test::Picture& a, const test::Picture& b) const {
+        const SDL_Rect& centre = app.layout.centre;
+        int count = 0;
+        for (int y = centre.y; y < centre.y + centre.h; ++y) {
+            for (int x = centre.x; x < centre.x + centre.w; ++x)
+                count += a.at(x, y) == b.at(x, y) ? 0 : 1;
+        }
+        return count;
+    }
+    test::Picture framed() {
+        frame(fakePlatform().ticks);
+        return picture();
+    }
+    // What loading takes of the time, and what a dialog stands open.
+    void letCallsTakeTime() {
+        fakePlatform().onCall = [](const std::string& entry) {
+            if (entry == "pause 1" || entry.rfind("choose", 0) == 0 || entry.rfind("messageBox", 0) == 0)
+                fakePlatform().ticks += 3000;
+        };
+    }
+    void playNote() {
+        playMidi();
+        noteOn(engine, {.frequency = 396.0, .volume = 0.5f, .duration = 500.0});
+        engine.time = engine.time + 1.0;
+    }
+    // Draws until the picture is at rest, so that only a reason of its own draws it again.
+    void rest() {
+        framed();
+        fakePlatform().ticks += 2000;
+        framed();
+        fakePlatform().ticks += 2000;
+        framed();
+        ASSERT_FALSE(app.kathara.sceneDrawnInMainView);
+    }
+};
+
+TEST_F(KeptScene, NotesOfTheOldFileGoOutWhenAnotherIsLoaded) {
+    const std::vector<std::int16_t> silence(200, 0);
+    ASSERT_TRUE(writeWavFile(folder / "song.wav", silence));
+    letCallsTakeTime();
+    const test::Picture dark = framed();
+    for (const bool byButton : {true, false}) {
+        playNote();
+        fakePlatform().ticks += 16;
+        ASSERT_GT(differing(dark, framed()), 20);
+        fakePlatform().dialogPaths = {folder / "song.wav"};
+        if (byButton) {
+            clickRect(topBarButtonRect(app.layout, kLoadButton));
+        } else {
+            app.onLoadFile(folder / "song.wav");
+        }
+        ASSERT_EQ(app.transport.kind, MediaKind::Pcm);
+        fakePlatform().ticks += 16;
+        EXPECT_EQ(differing(dark, framed()), 0) << byButton;
+    }
+}
+
+TEST_F(KeptScene, ItIsDrawnAnewAfterALoadADialogAResetAndAnExport) {
+    letCallsTakeTime();
+    const std::vector<std::pair<const char*, std::function<void()>>> occasions = {
+        {"a load", [this] { app.onLoadFile(folder / "missing.mp3"); }},
+        {"a load that was not made", [this] { clickRect(topBarButtonRect(app.layout, kLoadButton)); }},
+        {"a reset", [this] { clickRect(topBarButtonRect(app.layout, kResetButton)); }},
+        {"an import", [this] { app.onImportMidi(); }},
+        {"an export that was not made", [this] { clickExport(); }},
+        {"an OBJ file that was not written",
+         [this] { clickRect(katharaMainLayout(app.layout.centre).buttons[6]); }},
+        {"an export",
+         [this] {
+             fakePlatform().dialogPaths = {folder / "take.wav"};
+             clickExport();
+         }},
+    };
+    for (const auto& [name, act] : occasions) {
+        RecorderClip clip;
+        clip.end = 0.5;
+        clip.start = 0.25;
+        clearRecorder(app.recorder);
+        addClip(app.recorder, 0, 440.0, clip);
+        rest();
+        act();
+        fakePlatform().ticks += 2000;
+        framed();
+        EXPECT_TRUE(app.kathara.sceneDrawnInMainView) << name;
+        rest();
+    }
+}
+
+TEST_F(LoadAndReset, AFrameIsDrawnBetweenTheChooserAndAMessage) {
+    const std::string broken = folder.write("broken.wav", "no sound");
+    fakePlatform().dialogPaths = {broken};
+    std::vector<std::uint32_t> boxes;  // ms, when the frame before each message was drawn
+    fakePlatform().onCall = [&](const std::string& entry) {
+        if (entry.rfind("chooseFileToOpen", 0) == 0) fakePlatform().ticks += 5000;
+        if (entry.rfind("messageBox", 0) == 0) boxes.push_back(app.draw.ticks);
+    };
+    clickRect(topBarButtonRect(app.layout, kLoadButton));
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0], kNow + 5000) << "after the chooser, and not from before it";
+    EXPECT_EQ(app.lastFrameMs, kNow + 5000);
 }
 
 TEST_F(LoadAndReset, ResetOfAPausedRecorderStopsItToo) {
