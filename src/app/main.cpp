@@ -4,6 +4,7 @@
 #include "app/window.h"
 #include "app/wiring.h"
 #include "engine/audio_lock.h"
+#include "engine/vector_target.h"
 #include "platform/audio_device.h"
 #include "platform/message_box.h"
 
@@ -41,6 +42,7 @@ int fail(const char* text) {
 int run(AppState& app) {
     if (!initWindowAndFonts(app, kTitle, kWidth, kHeight)) return fail("Failed to initialize SDL2/TTF!");
     installAudioLock({platform::lockAudioDevice, platform::unlockAudioDevice});
+    chooseVectorTarget();  // else the first callback would ask the processor
     if (!openAudio()) return fail("Failed to open audio device!");
     platform::pauseAudioDevice(false);
     // The callback runs from here on, with no voices and the retuner off: nothing reads these tables yet.

@@ -30,11 +30,15 @@ float tremoloAt(double time) {
     return std::sin(static_cast<float>(turned + turned)) * 0.03f + 1.0f;
 }
 
+void feedScopeRing(SynthEngine& engine, float left, float right) {
+    engine.scopeRing[static_cast<std::size_t>(engine.scopePos)] = (left + right) * 0.5f;
+    engine.scopePos = (engine.scopePos + 1) & (kScopeRingSize - 1);
+}
+
 void writeMaster(SynthEngine& engine, float left, float right, float out[2]) {
     out[0] = std::tanh(engine.masterLevel * left);
     out[1] = std::tanh(engine.masterLevel * right);
-    engine.scopeRing[static_cast<std::size_t>(engine.scopePos)] = (out[0] + out[1]) * 0.5f;
-    engine.scopePos = (engine.scopePos + 1) & (kScopeRingSize - 1);
+    feedScopeRing(engine, out[0], out[1]);
 }
 
 }  // namespace veloria

@@ -16,6 +16,9 @@ namespace veloria {
 // The gain that all voices share at `time` (s): 1 +- 3 %, about 0.515 Hz.
 [[nodiscard]] float tremoloAt(double time);
 
+// Writes the mono of one output frame into the scope ring. Audio thread.
+void feedScopeRing(SynthEngine& engine, float left, float right);
+
 // Soft-limits the voices' sums into out[0], out[1] (within -1 to 1) and feeds the scope ring. Audio thread.
 void writeMaster(SynthEngine& engine, float left, float right, float out[2]);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/flush_denormals.h"
 #include "engine/render.h"
 
 namespace veloria {
@@ -29,15 +30,15 @@ void feedScope(ScopeBuffer& scope, float value) {
 
 void mixOutput(const MixSources& sources, const OutputGains& gains, float* out, std::size_t frames,
                ScopeBuffer* scope) {
+    const FlushDenormals flushed;
     const float master = gains.masterGain;
     const float gainLeft = gains.synthGainLeft;
     const float gainRight = gains.synthGainRight;
+    renderStereoBlock(sources.engine, out, frames);
     for (std::size_t i = 0; i < frames; ++i, out += 2) {
-        float synth[2];
-        renderStereoSample(sources.engine, synth);
         const float file = retunedSample(sources.pcm, sources.retuner);
-        out[0] = clampToFullScale((synth[0] * gainLeft + file) * master);
-        out[1] = clampToFullScale((synth[1] * gainRight + file) * master);
+        out[0] = clampToFullScale((out[0] * gainLeft + file) * master);
+        out[1] = clampToFullScale((out[1] * gainRight + file) * master);
         if (scope != nullptr) feedScope(*scope, (out[0] + out[1]) * 0.5f);
     }
 }

@@ -1,10 +1,12 @@
 #include "recorder/wav_export.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <utility>
 
 #include "engine/audio_lock.h"
+#include "engine/flush_denormals.h"
 #include "engine/render.h"
 #include "media/wav_writer.h"
 #include "platform/audio_device.h"
@@ -17,7 +19,8 @@ namespace {
 
 constexpr std::size_t kTailFrames = 44100;     // a second for what still rings
 constexpr std::size_t kProgressFrames = 4410;  // a tenth of a second
-constexpr float kStartLevel = 0.3f;            // what a new engine's master level is
+constexpr std::size_t kBlockFrames = 512;
+constexpr float kStartLevel = 0.3f;  // what a new engine's master level is
 
 // Puts a list of voices into the engine in place of its own, on a clock of 0, for as long as it lives. The
 // device is paused before the swap: a callback in between would render the borrowed voices.
@@ -67,8 +70,9 @@ WaitingVoices takeWaiting(std::vector<Voice>& voices) {
     return waiting;
 }
 
-void admitDue(SynthEngine& engine, WaitingVoices& waiting) {
-    const double time = engine.time + kSampleSeconds;  // the clock of the sample to come
+// Admits what is due within the `frames` to come; a voice that has not begun yet waits in the list as well.
+void admitDue(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames) {
+    const double time = engine.time + static_cast<double>(frames + 1) * kSampleSeconds;
     while (!waiting.empty() && waiting.back().startTime <= time) {
         engine.voices.push_back(waiting.back());
         waiting.pop_back();
@@ -82,17 +86,22 @@ bool fitsFile(double exact) {
 
 void renderFrames(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames,
                   const ExportProgress& progress, std::vector<std::int16_t>& samples) {
+    const FlushDenormals flushed;
     if (progress) progress(0.0f);
     samples.resize(2 * frames);
-    for (std::size_t i = 0; i < frames; ++i) {
-        float out[2];
-        admitDue(engine, waiting);
-        renderStereoSample(engine, out);
-        samples[2 * i] = toSample16(out[0]);
-        samples[2 * i + 1] = toSample16(out[1]);
-        if (progress && i % kProgressFrames == 0) {
-            progress(static_cast<float>(i) / static_cast<float>(frames));
+    std::array<float, 2 * kBlockFrames> block;
+    for (std::size_t done = 0; done < frames;) {
+        // No block reaches past the next frame that is told.
+        const std::size_t untold = kProgressFrames - done % kProgressFrames;
+        const std::size_t count = std::min({kBlockFrames, untold, frames - done});
+        admitDue(engine, waiting, count);
+        renderStereoBlock(engine, block.data(), count);
+        std::transform(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(2 * count),
+                       samples.begin() + static_cast<std::ptrdiff_t>(2 * done), toSample16);
+        if (progress && done % kProgressFrames == 0) {
+            progress(static_cast<float>(done) / static_cast<float>(frames));
         }
+        done += count;
     }
 }
 
