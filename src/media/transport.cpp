@@ -53,9 +53,16 @@ std::string askMci(const std::string& command) {
     return reply.data();
 }
 
+// What the retuner still holds of a file would sound on after the file.
+void silenceRetuner(const MediaPlayers& players) {
+    const AudioLock lock;
+    players.retuner.ResetStreams();
+}
+
 void loadMidi(Transport& transport, const MediaPlayers& players, const std::string& path) {
     const DevicePause pause;
     static_cast<void>(clearPcmStream(players.pcm));
+    silenceRetuner(players);
     transport.kind = MediaKind::Midi;
     // A file that cannot be parsed leaves the kind at MIDI, with no notes to play.
     static_cast<void>(loadMidiFile(players.midi, path, players.engine));
@@ -70,7 +77,7 @@ void loadPcm(Transport& transport, const MediaPlayers& players, const std::strin
         hardReset(players.engine);
         clearMidi(players.midi);
         loaded = loadPcmFile(players.pcm, path);
-        players.retuner.ResetStreams();
+        silenceRetuner(players);
     }
     if (!loaded) {
         platform::messageBox("Could not read audio file!", "Error", platform::MessageIcon::Error);
@@ -84,6 +91,7 @@ void loadMci(Transport& transport, const MediaPlayers& players, const std::strin
         hardReset(players.engine);
         clearMidi(players.midi);
         static_cast<void>(clearPcmStream(players.pcm));
+        silenceRetuner(players);
     }
     const int code = platform::mediaCommand("open \"" + path + "\" alias VeloMedia", nullptr, 0);
     if (code != 0) {
@@ -168,6 +176,7 @@ void stopMedia(Transport& transport, const MediaPlayers& players) {
         case MediaKind::None:
             break;
     }
+    silenceRetuner(players);
     stopDrones(players.engine);
 }
 
@@ -181,6 +190,7 @@ void resetMedia(Transport& transport, const MediaPlayers& players) {
         // The device runs on: the callback must not be inside the samples while they go.
         const AudioLock lock;
         dropped = clearPcmStream(players.pcm);
+        players.retuner.ResetStreams();
         clearMidi(players.midi);
         transport.kind = MediaKind::None;
     }

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,6 +12,7 @@
 #include "engine/control.h"
 #include "engine/render.h"
 #include "media/midi_playback.h"
+#include "media/mix.h"
 #include "media/transport.h"
 #include "platform/audio_device.h"
 #include "platform/fake/fake_platform.h"
@@ -96,7 +99,9 @@ TEST_F(TransportTest, AMidiFileIsReadWithTheDevicePausedAndStandsPausedAtItsStar
                                                "mediaCommand close VeloMedia",
                                                "pause 1",
                                                "wait 50",
-                                               "lock",
+                                               "lock",  // the retuner's streams
+                                               "unlock",
+                                               "lock",  // the voices
                                                "unlock",
                                                "pause 0"};
     EXPECT_EQ(log(), expected);
@@ -158,10 +163,50 @@ TEST_F(TransportTest, AWavFileBecomesTheStreamAndClearsTheRetunersRings) {
     EXPECT_EQ(retuner->timeRing[3], 0.0f);
 }
 
-TEST_F(TransportTest, AMidiLoadLeavesTheRetunersRingsAlone) {
-    retuner->inputPos = 17;
-    load(midiPath());
-    EXPECT_EQ(retuner->inputPos, 17);
+TEST_F(TransportTest, EveryLoadAStopAndAResetSilenceTheRetunerUnderTheLock) {
+    const auto clears = [this](const std::string& what, const std::function<void()>& act) {
+        retuner->inputPos = 17;
+        retuner->outputRing[5] = 0.5f;
+        retuner->timeRing[3] = 1.0f;
+        retuner->timeWrite = 90;
+        bool underLock = false;
+        fakePlatform().onCall = [&](const std::string& entry) {
+            if (entry == "unlock" && retuner->timeWrite == 0) underLock = true;
+        };
+        act();
+        fakePlatform().onCall = nullptr;
+        EXPECT_EQ(retuner->inputPos, 0) << what;
+        EXPECT_EQ(retuner->outputRing[5], 0.0f) << what;
+        EXPECT_EQ(retuner->timeRing[3], 0.0f) << what;
+        EXPECT_EQ(retuner->timeWrite, 0u) << what;
+        EXPECT_TRUE(underLock) << what;
+    };
+    clears("MIDI", [this] { load(midiPath()); });
+    clears("bad MIDI", [this] { load(badPath("bad.mid")); });
+    clears("bad WAV", [this] { load(badPath("bad.wav")); });
+    clears("the media device's", [this] { load("/x/song.ogg"); });
+    clears("WAV", [this] { load(wavPath()); });
+    clears("STOP", [this] { stopMedia(transport, players); });
+    clears("RESET", [this] { resetMedia(transport, players); });
+    clears("STOP with nothing loaded", [this] { stopMedia(transport, players); });
+}
+
+// In mode 3 a ratio below 1 reads ever later than the file is fed.
+TEST_F(TransportTest, NothingOfTheFileSoundsAfterStop) {
+    fillSolfeggioRatio(*retuner);
+    retuner->targetIndex = 7;  // 432 Hz
+    retuner->SetMode(kModeSolfeggio);
+    load(wavPath());
+    pcm.samples.assign(200000, 0.5f);
+    playMedia(transport, players);
+    const OutputGains gains;
+    std::vector<float> out(2 * 100000);
+    mixOutput({engine, pcm, *retuner}, gains, out.data(), 100000, nullptr);
+    EXPECT_EQ(out.back(), 0.5f);
+    stopMedia(transport, players);
+    mixOutput({engine, pcm, *retuner}, gains, out.data(), 100000, nullptr);
+    EXPECT_EQ(std::count(out.begin(), out.end(), 0.0f), 200000);
+    EXPECT_EQ(pcm.position, 100000u) << "the place is kept";
 }
 
 TEST_F(TransportTest, AnUnreadableWavFileSaysSoWithTheDeviceRunningAgain) {
@@ -187,7 +232,9 @@ TEST_F(TransportTest, AnyOtherFileIsOpenedByTheMediaDevice) {
         "mediaCommand close VeloMedia",
         "pause 1",
         "wait 50",
-        "lock",
+        "lock",  // the voices
+        "unlock",
+        "lock",  // the retuner's streams
         "unlock",
         "pause 0",
         "mediaCommand open \"/music/My \"Song\".wma\" alias VeloMedia"};
@@ -263,7 +310,7 @@ TEST_F(TransportTest, TheMediaDeviceRemembersWhereItWasStopped) {
     fakePlatform().mediaAnswers["status VeloMedia position"] = {{0, "12345"}};
     stopMedia(transport, players);
     EXPECT_EQ(log(), (std::vector<std::string>{"mediaCommand status VeloMedia position",
-                                               "mediaCommand stop VeloMedia"}));
+                                               "mediaCommand stop VeloMedia", "lock", "unlock"}));
     EXPECT_EQ(transport.mciPosition, "12345");
     EXPECT_TRUE(transport.mciStopped);
     log().clear();
