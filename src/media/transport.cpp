@@ -13,6 +13,7 @@
 #include "platform/clock.h"
 #include "platform/media_command.h"
 #include "platform/message_box.h"
+#include "spectral/drain.h"
 
 namespace veloria {
 
@@ -102,12 +103,19 @@ void loadMci(Transport& transport, const MediaPlayers& players, const std::strin
     transport.kind = code == 0 ? MediaKind::Mci : MediaKind::None;
 }
 
+// Fed to its end, and what the retuner held back has been given out.
+bool hasRungOut(const MediaPlayers& players) {
+    if (players.pcm.playing || players.pcm.samples.empty()) return false;
+    const AudioLock lock;
+    return framesToCome(players.retuner, loadSettings(players.retuner)) == 0;
+}
+
 bool hasEnded(Transport& transport, const MediaPlayers& players, std::uint32_t now) {
     switch (transport.kind) {
         case MediaKind::Midi:
             return midiFinished(players.midi, players.engine);
         case MediaKind::Pcm:
-            return !players.pcm.playing && !players.pcm.samples.empty();
+            return hasRungOut(players);
         case MediaKind::Mci:
             if (now - transport.lastMciPoll < kMciPollMs) return false;
             transport.lastMciPoll = now;

@@ -78,6 +78,7 @@ class TransportTest : public ::testing::Test {
     MidiFile midi;
     PcmStream pcm;
     std::unique_ptr<SacredFft> retuner = std::make_unique<SacredFft>();
+    OutputGains gains;
     Transport transport;
     MediaPlayers players{engine, midi, pcm, *retuner};
     int reloads = 0;
@@ -199,7 +200,6 @@ TEST_F(TransportTest, NothingOfTheFileSoundsAfterStop) {
     load(wavPath());
     pcm.samples.assign(200000, 0.5f);
     playMedia(transport, players);
-    const OutputGains gains;
     std::vector<float> out(2 * 100000);
     mixOutput({engine, pcm, *retuner}, gains, out.data(), 100000, nullptr);
     EXPECT_EQ(out.back(), 0.5f);
@@ -404,6 +404,45 @@ TEST_F(TransportTest, TheEndOfAStreamReloadsItOnceAndLeavesItStopped) {
     EXPECT_EQ(reloads, 1);
     playMedia(transport, players);
     EXPECT_EQ(nextPcmSample(pcm), 0.25f);
+}
+
+// The program's callback and its loop: a frame's worth of sound, then the question for the end.
+TEST_F(TransportTest, AFileIsReloadedOnlyWhenTheRetunerHasGivenOutItsLastSound) {
+    fillHannWindow(*retuner);
+    retuner->Init();
+    fillSolfeggioRatio(*retuner);
+    struct Case {
+        std::int32_t mode;
+        std::int32_t target;
+        std::size_t latest;  // frames behind the file's end at which it must have been reloaded
+    };
+    constexpr std::size_t kFrame = 735;
+    constexpr std::size_t kLength = 400000;
+    for (const Case& c : {Case{kModeOff, 8, 0}, Case{kModeFull, 8, 8191}, Case{kModePeak, 8, 8191},
+                          Case{kModeSolfeggio, 2, 5630},  // a lag of 5547 samples, read at 0.986
+                          Case{kModeSolfeggio, 8, 0}}) {
+        retuner->mode = kModeOff;
+        load(wavPath());
+        retuner->SetMode(c.mode);
+        retuner->targetIndex = c.target;
+        pcm.samples.assign(kLength, 0.0f);
+        for (std::size_t i = kLength - 600; i < kLength; ++i)
+            pcm.samples[i] = 0.5f;
+        const int before = reloads;
+        playMedia(transport, players);
+        std::vector<float> out(2 * kFrame);
+        double heard = 0.0;
+        std::size_t done = 0;
+        for (; reloads == before && done < 2 * kLength; done += kFrame) {
+            mixOutput({engine, pcm, *retuner}, gains, out.data(), kFrame, nullptr);
+            for (std::size_t i = 0; i < kFrame; ++i)
+                heard += static_cast<double>(out[2 * i]) * static_cast<double>(out[2 * i]);
+            poll(static_cast<std::uint32_t>(done));
+        }
+        EXPECT_GT(heard, 0.6 * 600 * 0.25) << c.mode << " " << c.target;
+        EXPECT_LE(done, kLength + 1 + c.latest + 2 * kFrame) << c.mode << " " << c.target;
+        EXPECT_FALSE(transport.playing);
+    }
 }
 
 TEST_F(TransportTest, ASecondEndReloadsAgainOnceThePlayWasSeen) {
