@@ -61,14 +61,18 @@ void silenceRetuner(const MediaPlayers& players) {
 }
 
 void loadMidi(Transport& transport, const MediaPlayers& players, const std::string& path) {
-    const DevicePause pause;
-    static_cast<void>(clearPcmStream(players.pcm));
-    silenceRetuner(players);
-    transport.kind = MediaKind::Midi;
-    // A file that cannot be parsed leaves the kind at MIDI, with no notes to play.
-    static_cast<void>(loadMidiFile(players.midi, path, players.engine));
-    optimizeMidiFile(players.midi, players.engine);
-    pauseMidi(players.midi, players.engine.time);
+    bool read = false;
+    {
+        const DevicePause pause;
+        static_cast<void>(clearPcmStream(players.pcm));
+        silenceRetuner(players);
+        // A file that cannot be parsed leaves the kind at MIDI, with no notes to play.
+        transport.kind = MediaKind::Midi;
+        read = readMidiFile(players.midi, path, players.engine);
+        optimizeMidiFile(players.midi, players.engine);
+        pauseMidi(players.midi, players.engine.time);
+    }
+    if (!read) platform::messageBox("Failed to parse MIDI file!", "Error", platform::MessageIcon::Error);
 }
 
 void loadPcm(Transport& transport, const MediaPlayers& players, const std::string& path) {
@@ -80,10 +84,10 @@ void loadPcm(Transport& transport, const MediaPlayers& players, const std::strin
         loaded = loadPcmFile(players.pcm, path);
         silenceRetuner(players);
     }
+    transport.kind = loaded ? MediaKind::Pcm : MediaKind::None;
     if (!loaded) {
         platform::messageBox("Could not read audio file!", "Error", platform::MessageIcon::Error);
     }
-    transport.kind = loaded ? MediaKind::Pcm : MediaKind::None;
 }
 
 void loadMci(Transport& transport, const MediaPlayers& players, const std::string& path) {
@@ -95,12 +99,12 @@ void loadMci(Transport& transport, const MediaPlayers& players, const std::strin
         silenceRetuner(players);
     }
     const int code = platform::mediaCommand("open \"" + path + "\" alias VeloMedia", nullptr, 0);
+    transport.kind = code == 0 ? MediaKind::Mci : MediaKind::None;
     if (code != 0) {
         std::array<char, kErrorTextSize> text{};
         platform::mediaErrorText(code, text.data(), text.size());
         platform::messageBox(text.data(), "File Open Error", platform::MessageIcon::Error);
     }
-    transport.kind = code == 0 ? MediaKind::Mci : MediaKind::None;
 }
 
 // Fed to its end, and what the retuner held back has been given out.
