@@ -54,9 +54,11 @@ int run(AppState& app) {
         g_sacredFft.ResetStreams();
     }
     installTransport(app);
+    keepSoundInDialogs(app);
 
     runMainLoop(app);
 
+    stopSoundInDialogs();
     platform::pauseAudioDevice(true);
     SDL_CloseAudio();
     closeMci();

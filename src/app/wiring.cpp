@@ -1,10 +1,13 @@
 #include "app/wiring.h"
 
+#include "platform/clock.h"
+#include "platform/dialog_hook.h"
 #include "recorder/clips.h"
 #include "recorder/export_dialog.h"
 #include "recorder/midi_import.h"
 #include "recorder/playback.h"
 #include "ui/frame.h"
+#include "ui/sound_tick.h"
 
 namespace veloria {
 
@@ -38,9 +41,10 @@ void importMidi(AppState& app) {
 }
 
 void loadFile(AppState& app, const std::string& path) {
-    loadMedia(app.transport, app.players, path);
-    // A load drops every voice: the clips under the playhead are to begin anew.
+    // A load drops every voice: the clips under the playhead are to begin anew, and while a message of the
+    // load stands already.
     app.recorder.activeClips.clear();
+    loadMedia(app.transport, app.players, path);
     redrawScene(app);
 }
 
@@ -53,6 +57,14 @@ void reset(AppState& app) {
 }
 
 }  // namespace
+
+void keepSoundInDialogs(AppState& app) {
+    platform::setDialogHook([&app] { tickSound(app, platform::ticksMs()); });
+}
+
+void stopSoundInDialogs() {
+    platform::setDialogHook({});
+}
 
 void installTransport(AppState& app) {
     app.recorder.onExportRecorder = [&app] { exportRecorder(app); };

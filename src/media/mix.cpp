@@ -4,17 +4,25 @@
 
 #include "engine/flush_denormals.h"
 #include "engine/render.h"
+#include "spectral/drain.h"
 
 namespace veloria {
 
 namespace {
 
+// The file's next sample, on its way into the retuner.
+float takeSample(PcmStream& pcm, SacredFft& retuner) {
+    const float sample = nextPcmSample(pcm);
+    noteIntake(retuner, pcm.playing.load(std::memory_order_relaxed));
+    return sample;
+}
+
 // The file's sound of one frame, mono, as retuned.
 float retunedSample(PcmStream& pcm, SacredFft& retuner) {
     const RetunerSettings settings = loadSettings(retuner);
     while (needsFeed(retuner, settings))
-        feedSample(retuner, nextPcmSample(pcm));
-    return retuner.processSample(nextPcmSample(pcm), settings);
+        feedSample(retuner, takeSample(pcm, retuner));
+    return retuner.processSample(takeSample(pcm, retuner), settings);
 }
 
 float clampToFullScale(float value) {

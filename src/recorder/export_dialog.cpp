@@ -105,11 +105,12 @@ void drawLastFrame(const ExportSurroundings& surroundings) {
 
 void exportRecorderDialog(Recorder& recorder, SynthEngine& engine, const ExportSurroundings& surroundings) {
     if (recorder.clipCount == 0) return;
+    // Everything sounds on while the user looks for a name.
+    const std::string path = platform::chooseFileToSave(kDialog);
+    if (path.empty()) return;
     std::optional<MidiPause>
         midiPause;  // made before the device's, so that the file goes on after the device
     const DevicePause devicePause;
-    const std::string path = platform::chooseFileToSave(kDialog);
-    if (path.empty()) return;
     midiPause.emplace(surroundings.midi, engine);
     hardReset(engine);
     recorder.activeClips.clear();  // their voices are gone; the next tick begins them anew

@@ -21,8 +21,8 @@ struct ExportSurroundings {
         resetViews;  // afterwards: what the views have gathered of the sound, and the frame clock
 };
 
-// Returns at once without clips. Else pauses the device, asks for the path, drops all of the engine's voices
-// and renders; a cancelled dialog only lets the device run again. The user is told nothing of the outcome.
+// Returns at once without clips. Else asks for the path, pauses the device, drops all of the engine's voices
+// and renders; a cancelled dialog changes nothing. The user is told nothing of the outcome.
 // The arrangement, if playing, goes on where it was. Main thread.
 void exportRecorderDialog(Recorder& recorder, SynthEngine& engine, const ExportSurroundings& surroundings);
 

@@ -192,9 +192,7 @@ TEST_F(ExportButton, ACancelledDialogChangesNothing) {
     const std::uint32_t lastFrame = app.lastFrameMs;
     const test::Picture before = picture();
     clickExport();
-    ASSERT_EQ(fakePlatform().log.size(), 3u);
-    EXPECT_EQ(fakePlatform().log.front(), "pause 1");
-    EXPECT_EQ(fakePlatform().log.back(), "pause 0");
+    EXPECT_EQ(fakePlatform().log.size(), 1u) << "the dialog alone: everything sounds on behind it";
     EXPECT_EQ(engine.voices.size(), voices);
     EXPECT_EQ(engine.time, 11.5);
     EXPECT_TRUE(engine.rotationHeld[5]);

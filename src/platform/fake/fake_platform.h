@@ -28,6 +28,11 @@ struct FakePlatform {
     // The answers of the next dialogs, first in, first out; with none left the user cancels.
     std::deque<std::string> dialogPaths;
 
+    // How long each dialog and each message box stands: the clock moves on by it, in steps of kDialogHookMs,
+    // and the dialog hook is called at each.
+    std::uint32_t dialogMs = 0;
+    std::function<void()> onDialogStep;  // before the hook: what the audio device does meanwhile
+
     // What a media command answers, by the whole command or else by its first word ("status", "open"). Of
     // several answers each is given once, the last for good. A command without an entry returns 0 and an
     // empty reply.

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/dialog_hook.h"
 #include "platform/linux/file_names.h"
 #include "platform/linux/gtk_modal.h"
 #include "platform/message_box.h"
@@ -158,9 +159,7 @@ bool isAccepted(const std::string& path) {
     return mayReplace(path);
 }
 
-}  // namespace
-
-std::string chooseFileToOpen(const OpenDialog& dialog) {
+std::string askToOpen(const OpenDialog& dialog) {
     if (!canShowChooser()) return {};
     ChooserStart start{dialog.title, dialog.filters, GTK_FILE_CHOOSER_ACTION_OPEN, startFolder(), {}};
     for (;;) {
@@ -175,7 +174,7 @@ std::string chooseFileToOpen(const OpenDialog& dialog) {
     }
 }
 
-std::string chooseFileToSave(const SaveDialog& dialog) {
+std::string askToSave(const SaveDialog& dialog) {
     if (!canShowChooser()) return {};
     ChooserStart start{dialog.title, dialog.filters, GTK_FILE_CHOOSER_ACTION_SAVE, startFolder(),
                        dialog.defaultName};
@@ -191,6 +190,20 @@ std::string chooseFileToSave(const SaveDialog& dialog) {
             return path;
         }
     }
+}
+
+}  // namespace
+
+std::string chooseFileToOpen(const OpenDialog& dialog) {
+    std::string path = askToOpen(dialog);
+    showKeptMessages();
+    return path;
+}
+
+std::string chooseFileToSave(const SaveDialog& dialog) {
+    std::string path = askToSave(dialog);
+    showKeptMessages();
+    return path;
 }
 
 }  // namespace veloria::platform
