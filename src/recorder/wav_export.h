@@ -42,8 +42,8 @@ struct ExportPlan {
 [[nodiscard]] RenderOutcome renderRecorder(Recorder& recorder, const ExportProgress& progress,
                                            std::vector<std::int16_t>& samples);
 
-// As the two above, into a file. False when there is nothing to render or to write it with; when writing
-// fails, a partial file stays.
+// As the two above, into a file. False when there is nothing to render or to write it with: what stood at
+// the path before is there still.
 [[nodiscard]] bool renderVoicesToWav(SynthEngine& engine, const std::string& path, std::vector<Voice> voices,
                                      double seconds, const ExportProgress& progress);
 [[nodiscard]] bool exportRecorderToWav(Recorder& recorder, const std::string& path,

@@ -20,8 +20,9 @@ using Folders = std::set<std::string>;
 // Each folder with those it names; what those name is open to it as well.
 const std::map<std::string, Folders>& floors() {
     static const std::map<std::string, Folders> table = {
-        {"frequency", {}},
-        {"platform", {}},
+        {"base", {}},
+        {"frequency", {"base"}},
+        {"platform", {"base"}},
         {"engine", {"frequency"}},
         {"spectral", {"frequency"}},
         {"walker", {"engine"}},

@@ -341,7 +341,7 @@ TEST_F(WavExport, TheEngineIsBackBeforeAFileIsOpened) {
     expectEngineBack();
 }
 
-TEST_F(WavExport, AFullDiskFailsAndThePartialFileStays) {
+TEST_F(WavExport, AFullDeviceFails) {
     if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
     addSine(0, 440.0, 0.0, 0.1);
     occupyEngine();
