@@ -4,6 +4,7 @@
 #include "recorder/export_dialog.h"
 #include "recorder/midi_import.h"
 #include "recorder/playback.h"
+#include "ui/export_overlay.h"
 #include "ui/frame.h"
 
 namespace veloria {
@@ -15,13 +16,15 @@ void exportRecorder(AppState& app) {
     surroundings.midi = &app.players.midi;
     surroundings.exporting = &app.exporting;
     surroundings.scope = &app.scope;
-    surroundings.pumpEvents = [] { SDL_PumpEvents(); };
+    ExportEvents events;
+    surroundings.goesOn = [&app, &events] { return exportGoesOn(app, events); };
     surroundings.drawFrame = [&app](std::uint32_t nowMs) { renderFrame(app, nowMs); };
     surroundings.resetViews = [&app] {
         resetLotus(app.lotus);
         app.lastFrameMs = 0;
     };
     exportRecorderDialog(app.recorder, *app.engine, surroundings);
+    giveBackEvents(events);
 }
 
 void importMidi(AppState& app) {

@@ -5,6 +5,7 @@
 #include "recorder/panel.h"
 #include "recorder/playback.h"
 #include "ui/draw.h"
+#include "ui/export_overlay.h"
 #include "ui/floating_panels.h"
 #include "ui/toolkit/primitives.h"
 #include "views/lotus_energy.h"
