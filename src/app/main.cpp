@@ -3,6 +3,7 @@
 #include "app/main_loop.h"
 #include "app/window.h"
 #include "app/wiring.h"
+#include "base/file_place.h"
 #include "engine/audio_lock.h"
 #include "engine/vector_target.h"
 #include "platform/audio_device.h"
@@ -70,6 +71,7 @@ int run(AppState& app) {
 
 int main(int /*argc*/, char* /*argv*/[]) {
     using namespace veloria;
+    outliveFileSizeLimit();
     SynthEngine engine;
     g_engine = &engine;
     AppState app(engine, {engine, g_midiFile, g_pcmStream, g_sacredFft}, g_outputGains);

@@ -6,6 +6,7 @@
 #include "recorder/export_dialog.h"
 #include "recorder/midi_import.h"
 #include "recorder/playback.h"
+#include "ui/export_overlay.h"
 #include "ui/frame.h"
 #include "ui/sound_tick.h"
 
@@ -24,7 +25,8 @@ void exportRecorder(AppState& app) {
     surroundings.midi = &app.players.midi;
     surroundings.exporting = &app.exporting;
     surroundings.scope = &app.scope;
-    surroundings.pumpEvents = [] { SDL_PumpEvents(); };
+    ExportEvents events;
+    surroundings.goesOn = [&app, &events] { return exportGoesOn(app, events); };
     surroundings.drawFrame = [&app](std::uint32_t nowMs) { renderFrame(app, nowMs); };
     surroundings.resetViews = [&app] {
         resetLotus(app.lotus);
@@ -32,6 +34,7 @@ void exportRecorder(AppState& app) {
     };
     exportRecorderDialog(app.recorder, *app.engine, surroundings);
     redrawScene(app);
+    giveBackEvents(events);
 }
 
 void importMidi(AppState& app) {

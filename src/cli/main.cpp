@@ -3,6 +3,7 @@
 #include <exception>
 #include <string>
 
+#include "base/file_place.h"
 #include "cli/arguments.h"
 #include "cli/clips.h"
 #include "cli/notes.h"
@@ -12,10 +13,18 @@
 #include "cli/scale.h"
 #include "cli/session.h"
 #include "cli/walk.h"
+#include "platform/files.h"
 
 namespace {
 
 using namespace veloria::cli;
+
+// True when the file that would be read is the one that would be written.
+bool wouldEatItsInput(const Options& options) {
+    if (options.command != Command::Render && options.command != Command::Record) return false;
+    const auto input = veloria::platform::fileIdentity(options.files[0]);
+    return input && input == veloria::platform::fileIdentity(options.files[1]);
+}
 
 int run(const Options& options) {
     switch (options.command) {
@@ -46,6 +55,7 @@ int run(const Options& options) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    veloria::outliveFileSizeLimit();
     std::string file = "arguments";
     try {
         const ParsedArguments parsed = parseArguments({argv + 1, argv + argc});
@@ -54,6 +64,10 @@ int main(int argc, char* argv[]) {
             return kMisused;
         }
         if (!parsed.options.files.empty()) file = parsed.options.files[0];
+        if (wouldEatItsInput(parsed.options)) {
+            static_cast<void>(fail(file, "is the input and the output at once"));
+            return kMisused;
+        }
         return run(parsed.options);
     } catch (const std::exception&) {
         // Nothing below throws but an allocation that cannot be had.

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <filesystem>
-#include <system_error>
 
 #ifdef _WIN32
 #include <io.h>
@@ -70,21 +68,12 @@ void renderBlocks(Session& session, std::size_t frames, const std::function<void
     endProgress(bar);
 }
 
-int makeOutput(const std::string& path, const std::function<bool()>& write) {
-    namespace fs = std::filesystem;
-    std::error_code ignored;
-    const bool wasThere = fs::exists(fs::status(path, ignored));
-    if (write()) return kDone;
-    // Never anything but what this run made: not a device, not what stood there before, and of a link only
-    // the file that it led to.
-    if (!wasThere && fs::is_regular_file(fs::status(path, ignored))) {
-        fs::remove(fs::canonical(path, ignored), ignored);
-    }
-    return fail(path, "cannot be written");
+int outputStatus(const std::string& path, bool written) {
+    return written ? kDone : fail(path, "cannot be written");
 }
 
 int writeOutput(const std::string& path, const std::vector<std::int16_t>& samples) {
-    return makeOutput(path, [&] { return writeWavFile(path, samples); });
+    return outputStatus(path, writeWavFile(path, samples));
 }
 
 }  // namespace veloria::cli

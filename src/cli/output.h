@@ -29,11 +29,10 @@ void appendFrames(Session& session, std::size_t frames, std::vector<std::int16_t
 void renderBlocks(Session& session, std::size_t frames, const std::function<void(std::size_t)>& beforeBlock,
                   ProgressBar& bar, std::vector<std::int16_t>& samples);
 
-// Lets `write` make the file at `path` and gives the exit status. After a failure (false) no file is left
-// that was not there before.
-[[nodiscard]] int makeOutput(const std::string& path, const std::function<bool()>& write);
+// The exit status of a file that was written or not, and the words for one that was not.
+[[nodiscard]] int outputStatus(const std::string& path, bool written);
 
-// Writes the samples as a WAV file by makeOutput.
+// Writes the samples as a WAV file; the exit status.
 [[nodiscard]] int writeOutput(const std::string& path, const std::vector<std::int16_t>& samples);
 
 }  // namespace veloria::cli

@@ -21,6 +21,8 @@ std::string reasonOf(RenderOutcome outcome) {
         case RenderOutcome::TooLong:
             return "too long for a WAV file";
         case RenderOutcome::GivenUp:
+        case RenderOutcome::Cancelled:
+        case RenderOutcome::NotWritten:
             break;
     }
     return "not enough memory to render it";
@@ -40,14 +42,16 @@ int runRecord(const Options& options) {
     session->midi.normalizeMatch = options.normalize ? 1 : 0;
     importMidiClips(session->midi, recorder, session->engine);
     ProgressBar bar = makeProgressBar(options);
-    std::vector<std::int16_t> samples;
-    const RenderOutcome outcome = renderRecorder(
-        recorder, [&bar](float progress) { drawProgress(bar, static_cast<double>(progress)); }, samples);
+    const std::string& output = options.files[1];
+    const RenderOutcome outcome = renderRecorderToWav(recorder, output, [&bar](float progress) {
+        drawProgress(bar, static_cast<double>(progress));
+        return true;
+    });
     if (outcome == RenderOutcome::Done) drawProgress(bar, 1.0);
     endProgress(bar);
+    if (outcome == RenderOutcome::NotWritten) return outputStatus(output, false);
     const std::string reason = reasonOf(outcome);
-    if (!reason.empty()) return fail(input, reason);
-    return writeOutput(options.files[1], samples);
+    return reason.empty() ? kDone : fail(input, reason);
 }
 
 }  // namespace veloria::cli

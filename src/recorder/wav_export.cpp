@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <optional>
+#include <span>
 #include <utility>
 
 #include "engine/audio_lock.h"
@@ -55,6 +57,9 @@ class BorrowedEngine {
     float masterLevel_ = 0.0f;
 };
 
+// Takes the next interleaved samples; false ends the render.
+using SampleSink = std::function<bool(std::span<const std::int16_t>)>;
+
 // Voices that have not begun, the next one last. The renderer walks its whole list for each sample, so a
 // voice enters it only when it is due; waiting there it would be silent and unchanged.
 using WaitingVoices = std::vector<Voice>;
@@ -79,30 +84,47 @@ void admitDue(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames) {
     }
 }
 
-// Whether a file can hold the whole frames of `exact` (not below 0) and the tail.
-bool fitsFile(double exact) {
-    return exact < static_cast<double>(kMaxWavFrames - kTailFrames + 1);
+// Frames of a render of `seconds` and its tail. Only `outcome` Done makes them count: a length below 0 or not
+// a number makes Nothing, and one that no file can hold TooLong.
+std::size_t framesOf(double seconds, RenderOutcome& outcome) {
+    outcome = RenderOutcome::Nothing;
+    if (!(seconds >= 0.0)) return 0;
+    outcome = RenderOutcome::TooLong;
+    const double exact = seconds * kSampleRate;
+    if (!(exact < static_cast<double>(kMaxWavFrames - kTailFrames + 1))) return 0;
+    outcome = RenderOutcome::Done;
+    return kTailFrames + static_cast<std::size_t>(exact);
 }
 
-void renderFrames(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames,
-                  const ExportProgress& progress, std::vector<std::int16_t>& samples) {
-    const FlushDenormals flushed;
-    if (progress) progress(0.0f);
-    samples.resize(2 * frames);
-    std::array<float, 2 * kBlockFrames> block;
+// The next `frames` interleaved frames.
+void renderBlock(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames, float* out) {
     for (std::size_t done = 0; done < frames;) {
-        // No block reaches past the next frame that is told.
-        const std::size_t untold = kProgressFrames - done % kProgressFrames;
-        const std::size_t count = std::min({kBlockFrames, untold, frames - done});
+        const std::size_t count = std::min(kBlockFrames, frames - done);
         admitDue(engine, waiting, count);
-        renderStereoBlock(engine, block.data(), count);
-        std::transform(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(2 * count),
-                       samples.begin() + static_cast<std::ptrdiff_t>(2 * done), toSample16);
-        if (progress && done % kProgressFrames == 0) {
-            progress(static_cast<float>(done) / static_cast<float>(frames));
+        renderStereoBlock(engine, out + 2 * done, count);
+        done += count;
+    }
+}
+
+// All frames, block by block into `sink`.
+RenderOutcome renderFrames(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames,
+                           const ExportProgress& progress, const SampleSink& sink) {
+    const FlushDenormals flushed;
+    if (progress && !progress(0.0f)) return RenderOutcome::Cancelled;
+    std::vector<float> block(2 * kProgressFrames);
+    std::vector<std::int16_t> samples(2 * kProgressFrames);
+    for (std::size_t done = 0; done < frames; done += kProgressFrames) {
+        const std::size_t count = std::min(kProgressFrames, frames - done);
+        renderBlock(engine, waiting, count, block.data());
+        std::transform(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(2 * count), samples.begin(),
+                       toSample16);
+        if (!sink({samples.data(), 2 * count})) return RenderOutcome::NotWritten;
+        if (progress && !progress(static_cast<float>(done) / static_cast<float>(frames))) {
+            return RenderOutcome::Cancelled;
         }
         done += count;
     }
+    return RenderOutcome::Done;
 }
 
 Voice voiceOf(const RecorderClip& clip, double frequency, double begin, double seconds) {
@@ -143,48 +165,96 @@ ExportPlan planExport(const Recorder& recorder) {
     return plan;
 }
 
-RenderOutcome renderVoices(SynthEngine& engine, std::vector<Voice> voices, double seconds,
-                           const ExportProgress& progress, std::vector<std::int16_t>& samples) {
-    samples.clear();
-    if (!(seconds >= 0.0)) return RenderOutcome::Nothing;
-    const double exact = seconds * kSampleRate;
-    if (!fitsFile(exact)) return RenderOutcome::TooLong;
-    const std::size_t frames = kTailFrames + static_cast<std::size_t>(exact);
+namespace {
+
+// Renders the plan into what `open`, told the frames, makes of them: a sink, or an empty one when there is
+// nowhere for the sound to go.
+RenderOutcome renderPlan(SynthEngine& engine, ExportPlan plan, const ExportProgress& progress,
+                         const std::function<SampleSink(std::size_t frames)>& open) {
+    RenderOutcome outcome{};
+    const std::size_t frames = framesOf(plan.seconds, outcome);
+    if (outcome != RenderOutcome::Done) return outcome;
     try {
-        WaitingVoices waiting = takeWaiting(voices);
-        const BorrowedEngine borrowed(engine, std::move(voices));
-        renderFrames(engine, waiting, frames, progress, samples);
-        return RenderOutcome::Done;
+        const SampleSink sink = open(frames);
+        if (!sink) return RenderOutcome::NotWritten;
+        WaitingVoices waiting = takeWaiting(plan.voices);
+        const BorrowedEngine borrowed(engine, std::move(plan.voices));
+        return renderFrames(engine, waiting, frames, progress, sink);
     } catch (...) {
-        samples = {};
         return RenderOutcome::GivenUp;
     }
 }
 
-RenderOutcome renderRecorder(Recorder& recorder, const ExportProgress& progress,
-                             std::vector<std::int16_t>& samples) {
-    samples.clear();
+// The plan of the recorder's arrangement, if there is anything in it.
+RenderOutcome planRender(const Recorder& recorder, ExportPlan& plan) {
     if (recorder.engine == nullptr || recorder.clipCount == 0) return RenderOutcome::Nothing;
-    ExportPlan plan;
     try {
         plan = planExport(recorder);
     } catch (const std::exception&) {  // no memory
         return RenderOutcome::GivenUp;
     }
-    if (!(plan.seconds > 0.0)) return RenderOutcome::Nothing;
-    return renderVoices(*recorder.engine, std::move(plan.voices), plan.seconds, progress, samples);
+    return plan.seconds > 0.0 ? RenderOutcome::Done : RenderOutcome::Nothing;
+}
+
+RenderOutcome renderToSamples(SynthEngine& engine, ExportPlan plan, const ExportProgress& progress,
+                              std::vector<std::int16_t>& samples) {
+    samples.clear();
+    const auto keep = [&samples](std::size_t frames) -> SampleSink {
+        samples.reserve(2 * frames);
+        return [&samples](std::span<const std::int16_t> block) {
+            samples.insert(samples.end(), block.begin(), block.end());
+            return true;
+        };
+    };
+    const RenderOutcome outcome = renderPlan(engine, std::move(plan), progress, keep);
+    if (outcome != RenderOutcome::Done) samples = {};
+    return outcome;
+}
+
+RenderOutcome renderToFile(SynthEngine& engine, const std::string& path, ExportPlan plan,
+                           const ExportProgress& progress) {
+    std::optional<WavFile> file;
+    const auto open = [&](std::size_t frames) -> SampleSink {
+        file.emplace(path, frames);
+        if (!file->good()) return {};
+        return [&file](std::span<const std::int16_t> block) { return file->write(block); };
+    };
+    const RenderOutcome outcome = renderPlan(engine, std::move(plan), progress, open);
+    if (outcome == RenderOutcome::Done && !file->finish()) return RenderOutcome::NotWritten;
+    return outcome;
+}
+
+}  // namespace
+
+RenderOutcome renderVoices(SynthEngine& engine, std::vector<Voice> voices, double seconds,
+                           const ExportProgress& progress, std::vector<std::int16_t>& samples) {
+    return renderToSamples(engine, {std::move(voices), seconds}, progress, samples);
+}
+
+RenderOutcome renderRecorder(Recorder& recorder, const ExportProgress& progress,
+                             std::vector<std::int16_t>& samples) {
+    samples.clear();
+    ExportPlan plan;
+    const RenderOutcome outcome = planRender(recorder, plan);
+    if (outcome != RenderOutcome::Done) return outcome;
+    return renderToSamples(*recorder.engine, std::move(plan), progress, samples);
 }
 
 bool renderVoicesToWav(SynthEngine& engine, const std::string& path, std::vector<Voice> voices,
                        double seconds, const ExportProgress& progress) {
-    std::vector<std::int16_t> samples;
-    return renderVoices(engine, std::move(voices), seconds, progress, samples) == RenderOutcome::Done &&
-           writeWavFile(path, samples);
+    return renderToFile(engine, path, {std::move(voices), seconds}, progress) == RenderOutcome::Done;
+}
+
+RenderOutcome renderRecorderToWav(Recorder& recorder, const std::string& path,
+                                  const ExportProgress& progress) {
+    ExportPlan plan;
+    const RenderOutcome outcome = planRender(recorder, plan);
+    if (outcome != RenderOutcome::Done) return outcome;
+    return renderToFile(*recorder.engine, path, std::move(plan), progress);
 }
 
 bool exportRecorderToWav(Recorder& recorder, const std::string& path, const ExportProgress& progress) {
-    std::vector<std::int16_t> samples;
-    return renderRecorder(recorder, progress, samples) == RenderOutcome::Done && writeWavFile(path, samples);
+    return renderRecorderToWav(recorder, path, progress) == RenderOutcome::Done;
 }
 
 }  // namespace veloria

@@ -55,9 +55,6 @@ void drawRowScrollBar(const AppState& app);
 
 void drawStatusBar(const AppState& app);
 
-// Over the middle of the window while an export runs; `progress` 0 to 1, values outside are cut.
-void drawExportOverlay(const AppState& app, float progress);
-
 [[nodiscard]] constexpr SDL_Color toColor(Rgba colour) {
     return {colour.r, colour.g, colour.b, colour.a};
 }

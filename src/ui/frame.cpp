@@ -5,6 +5,7 @@
 #include "recorder_panel/panel.h"
 #include "toolkit/primitives.h"
 #include "ui/draw.h"
+#include "ui/export_overlay.h"
 #include "ui/floating_panels.h"
 #include "ui/sound_tick.h"
 #include "views/lotus/lotus_energy.h"

@@ -101,12 +101,19 @@ class ExportButton : public Wiring {
         app.scope.samples.fill(0.5f);
         app.scope.write = 77;
     }
-    // The clock goes on with every picture, far enough for the walker to be due many times.
+    // Each tenth of a second of sound but the first takes 50 ms to render, so that the walker comes to be
+    // due.
     void watch() {
         seenFrame = app.lastFrameMs;
+        fakePlatform().clock = [this, told = 0.0f]() mutable {
+            if (app.exporting && app.recorder.exportProgress != told) {
+                told = app.recorder.exportProgress;
+                fakePlatform().ticks += 50;
+            }
+            return fakePlatform().ticks;
+        };
         fakePlatform().onCall = [this](const std::string& entry) {
             if (entry != "lock") return;
-            fakePlatform().ticks += 50;
             // Each frame takes the lock once, with its own time; the render's own holds come without one.
             if (!app.exporting || app.lastFrameMs == seenFrame) return;
             seenFrame = app.lastFrameMs;
@@ -144,8 +151,8 @@ TEST_F(ExportButton, FramesOfTheRenderSeeTheClipsAloneAndEverythingElseHeld) {
     watch();
     fakePlatform().dialogPaths = {folder / "take.wav"};
     clickExport();
-    // One before the sound begins, and one for each tenth of two seconds.
-    ASSERT_EQ(frames.size(), 21u);
+    // One for each tenth of two seconds, but for those of the first 100 ms.
+    ASSERT_EQ(frames.size(), 18u);
     for (const FrameOfExport& one : frames) {
         EXPECT_TRUE(one.devicePaused);
         EXPECT_TRUE(one.midiPaused);
@@ -155,6 +162,24 @@ TEST_F(ExportButton, FramesOfTheRenderSeeTheClipsAloneAndEverythingElseHeld) {
     EXPECT_FALSE(app.exporting);
     EXPECT_EQ(app.recorder.exportProgress, 0.0f);
     EXPECT_EQ(app.walker.lastTickMs, app.lastFrameMs) << "it took its step once all was over";
+}
+
+TEST_F(ExportButton, AWindowThatIsClosedMeanwhileLeavesNoFileAndQuits) {
+    ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_EVENTS), 0);
+    setUpSound();
+    watch();
+    folder.write("take.wav", "old");
+    SDL_Event quit;
+    SDL_zero(quit);
+    quit.type = SDL_QUIT;
+    ASSERT_EQ(SDL_PushEvent(&quit), 1);
+    fakePlatform().dialogPaths = {folder / "take.wav"};
+    clickExport();
+    EXPECT_EQ(std::filesystem::file_size(folder / "take.wav"), 3u);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+    EXPECT_FALSE(fakePlatform().audioPaused);
+    EXPECT_FALSE(pollEvents(app));
+    SDL_QuitSubSystem(SDL_INIT_EVENTS);
 }
 
 TEST_F(ExportButton, AfterwardsTheEngineIsResetAndAllGoesOnFromWhereItWas) {

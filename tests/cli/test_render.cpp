@@ -165,6 +165,38 @@ TEST_F(Render, AnOutputThatCannotBeWrittenLeavesNothingBehindAndTakesNothingAway
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.wav"));
 }
 
+TEST_F(Render, AnOutputThatIsItsInputIsRefusedUnderAnyName) {
+    const std::string song = test::readText(oneNote());
+    std::filesystem::create_symlink("song.mid", path("link.mid"));
+    std::filesystem::create_hard_link(path("song.mid"), path("other.mid"));
+    for (const char* command :
+         {"render song.mid song.mid", "render song.mid ./song.mid", "render song.mid link.mid",
+          "render link.mid other.mid", "record song.mid link.mid"}) {
+        const test::ToolResult result = run(command);
+        EXPECT_EQ(result.status, 2) << command;
+        EXPECT_NE(result.err.find("is the input and the output at once"), std::string::npos) << result.err;
+        EXPECT_EQ(test::readText(path("song.mid")), song) << command;
+    }
+}
+
+TEST_F(Render, ALimitOfTheFileSizeLeavesTheOldFileAndNoRest) {
+    oneNote();
+    std::ofstream(path("out.wav")) << "old";
+    const auto limited = [this](const std::string& arguments) {
+        const std::string shell = "ulimit -f 8; exec '" VELORIA_CLI "' " + arguments + " 2>/dev/null";
+        return std::system(("cd '" + folder.string() + "' && sh -c \"" + shell + "\"").c_str());
+    };
+    for (const char* arguments :
+         {"render song.mid out.wav", "record song.mid out.wav", "walk 2 out.wav", "obj tree out.wav"}) {
+        const int status = limited(arguments);
+        ASSERT_TRUE(WIFEXITED(status)) << arguments;
+        EXPECT_EQ(WEXITSTATUS(status), 1) << arguments;
+        EXPECT_EQ(test::readText(path("out.wav")), "old") << arguments;
+        const auto entries = std::filesystem::directory_iterator(folder);
+        EXPECT_EQ(std::distance(entries, {}), 2) << arguments;
+    }
+}
+
 TEST_F(Render, APathWithQuotesAndSpacesWorks) {
     test::MidiTrack track;
     track.on(0, 0, 60, 100).off(48, 0, 60).endOfTrack();

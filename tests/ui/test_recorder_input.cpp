@@ -374,6 +374,7 @@ TEST_F(RecorderInputTest, TheExportsProgressLiesOverEverything) {
         for (int x = 0; x < 1280; ++x) {
             const bool inside = contains(box, x, y);
             const bool edge = inside && !contains({481, 337, 318, 46}, x, y);
+            if (contains({806, 336, 70, 48}, x, y)) continue;  // "Cancel"
             if (!inside) {
                 ASSERT_EQ(seen.at(x, y), before.at(x, y)) << x << " " << y;
             } else if (edge) {

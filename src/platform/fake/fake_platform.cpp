@@ -135,7 +135,7 @@ void pauseAudioDevice(bool paused) {
 }
 
 std::uint32_t ticksMs() {
-    return fakePlatform().ticks;
+    return fakePlatform().clock ? fakePlatform().clock() : fakePlatform().ticks;
 }
 
 void waitMs(std::uint32_t milliseconds) {

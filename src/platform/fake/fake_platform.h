@@ -40,7 +40,8 @@ struct FakePlatform {
 
     std::string mediaError = "fake media error";  // the text of every code
 
-    std::uint32_t ticks = 0;  // milliseconds; waitMs moves it on
+    std::uint32_t ticks = 0;               // milliseconds; waitMs moves it on
+    std::function<std::uint32_t()> clock;  // asked instead, if there is one
 
     int lockDepth = 0;         // holds of the audio device that were not given back
     bool audioPaused = false;  // as last asked for
