@@ -122,7 +122,6 @@ RenderOutcome renderFrames(SynthEngine& engine, WaitingVoices& waiting, std::siz
         if (progress && !progress(static_cast<float>(done) / static_cast<float>(frames))) {
             return RenderOutcome::Cancelled;
         }
-        done += count;
     }
     return RenderOutcome::Done;
 }
