@@ -93,7 +93,7 @@ void drawWidget(const AppState& app, const Widget& widget, const SDL_Rect& rect,
 
 void drawLeftButton(const AppState& app, const Widget& widget) {
     if (!leftPanelShown(app.layout) || tabOfButton(widget.label) != app.viewMode) return;
-    drawWidget(app, widget, leftButtonRect(app.layout, widget.label.c_str()), leftPanelClip(app.layout));
+    drawWidget(app, widget, leftButtonRect(app.layout, widget.label.c_str()), leftPanelView(app.layout));
 }
 
 // What the rows of the shown table are cut to.

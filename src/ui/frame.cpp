@@ -6,6 +6,7 @@
 #include "recorder/playback.h"
 #include "ui/draw.h"
 #include "ui/floating_panels.h"
+#include "ui/scrolling.h"
 #include "ui/toolkit/primitives.h"
 #include "views/lotus_energy.h"
 #include "views/splash.h"
@@ -35,7 +36,7 @@ void prepareLayout(AppState& app) {
         SDL_GetRendererOutputSize(app.renderer, &width, &height);
     }
     initPanelSizes(app.sizes, width);
-    app.layout = windowLayout(app.sizes, width, height);
+    layOutWindow(app, width, height);
     app.hits = {};  // what this frame does not draw cannot be hit
 }
 
@@ -100,6 +101,7 @@ void composeFrame(AppState& app, std::uint32_t nowMs) {
     if (leftPanelShown(app.layout) && app.viewMode == kVoicesTab) drawVoicesTab(app);
     drawRightPanel(app);
     drawWidgets(app);
+    drawLeftScrollBar(app);
     drawRowScrollBar(app);
     drawRecorder(app.draw, app.recorder, app.layout.recorder);
     drawStatusBar(app);

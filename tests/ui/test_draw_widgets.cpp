@@ -329,12 +329,14 @@ TEST_F(DrawWidgets, RowsScrollUnderTheTabs) {
 }
 
 TEST_F(DrawWidgets, RowsEndAtTheRecorder) {
-    setContentBottom(100);
+    setContentBottom(230);
     const Picture seen = draw();
-    EXPECT_FALSE(seen.at(900, 99) == kBackdrop);
-    EXPECT_TRUE(isFilled(seen, {880, 100, 400, 300}, kBackdrop));
-    setContentBottom(80);
-    EXPECT_TRUE(isFilled(draw(), {880, 0, 400, 700}, kBackdrop));
+    EXPECT_FALSE(seen.at(900, 229) == kBackdrop);
+    EXPECT_TRUE(isFilled(seen, {880, 230, 400, 300}, kBackdrop));
+    resize(1280, 80 + kMinimumRecorder + kStatusBarHeight);
+    app.sizes.recorderHeight = kMinimumRecorder;
+    layOut();
+    EXPECT_TRUE(isFilled(draw(), {880, 0, 400, 200}, kBackdrop));
 }
 
 TEST_F(DrawWidgets, ARowUnderTheMouseIsBrighterWhereItIsSeen) {
@@ -365,10 +367,11 @@ TEST_F(DrawWidgets, InertRowsAreDim) {
 }
 
 TEST_F(DrawWidgets, APanelTooNarrowForACellHasNoRows) {
-    setRightX(1268);  // 12 wide: a cell of 0
-    EXPECT_TRUE(isFilled(draw(), {1200, 0, 80, 700}, kBackdrop));
-    setRightX(1290);
-    EXPECT_TRUE(isFilled(draw(), {1200, 0, 80, 700}, kBackdrop));
+    resize(132, 720);  // 12 wide: a cell of 0
+    ASSERT_EQ(app.layout.rightPanel.w, 12);
+    EXPECT_TRUE(isFilled(draw(), {100, 0, 32, 700}, kBackdrop));
+    resize(110, 720);
+    EXPECT_TRUE(isFilled(draw(), {100, 0, 10, 700}, kBackdrop));
 }
 
 TEST_F(DrawWidgets, TheTopBarsButtonsAreNotDrawnAgain) {
