@@ -74,6 +74,12 @@ void drawStatusLine(const AppState& app, const StatusLine& line, int x, int y) {
                  toColor(line.colour));
 }
 
+// Beside the gains, which it shares its rows with.
+void drawLineBehindGains(const AppState& app, const StatusLine& line, int y) {
+    const int width = measureTextUtf8(app.fonts.fontLabel, line.text).x;
+    drawStatusLine(app, line, lineBehindGainsX(app.layout, width), y);
+}
+
 void drawWalkerStatus(const AppState& app) {
     const ScaleWalker& walker = app.walker;
     if (!walker.running) return;
@@ -84,10 +90,8 @@ void drawWalkerStatus(const AppState& app) {
     const std::int32_t mode = app.engine->activationMode;
     drawStatusLine(app, walkerLine(walker, mode, walkerStepCount(kFrequencyCount)), kTextX, 404);
     drawStatusLine(app, digitalRootLine(walker), kTextX, 418);
-    // The last two share their rows with the gains, and stand behind those where there is room.
-    const int x = app.layout.leftWidth >= 330 ? tuningSliderWidth(app.layout) + 66 : kTextX;
-    drawStatusLine(app, binauralLine(walker), x, 432);
-    drawStatusLine(app, modeLine(mode), x, 444);
+    drawLineBehindGains(app, binauralLine(walker), 432);
+    drawLineBehindGains(app, modeLine(mode), 444);
 }
 
 struct GainLook {

@@ -208,6 +208,14 @@ int tuningSliderWidth(const WindowLayout& layout) {
 int leftButtonWidth(const WindowLayout& layout) {
     return std::min(layout.leftWidth - 10, 230);
 }
+int lineBehindGainsX(const WindowLayout& layout, int width) {
+    constexpr int kLeft = 8;
+    constexpr int kLeastRoom = 330;
+    if (layout.leftWidth < kLeastRoom) return kLeft;
+    const int behind = tuningSliderWidth(layout) + 66;
+    return std::max(std::min(behind, layout.leftWidth - kScrollBarWidth - width), kLeft);
+}
+
 SDL_Rect leftButtonRect(const WindowLayout& layout, const char* label) {
     const auto place = std::find_if(std::begin(kButtonPlaces), std::end(kButtonPlaces),
                                     [label](const ButtonPlace& p) { return p.label == label; });

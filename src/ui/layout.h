@@ -122,6 +122,9 @@ inline constexpr int kGainReachBelow = 15;  // rows below a gain's first that ta
 // The width that the "TUNING" tab's sliders go by, and that of its buttons. Two numbers on purpose.
 [[nodiscard]] int tuningSliderWidth(const WindowLayout& layout);
 [[nodiscard]] int leftButtonWidth(const WindowLayout& layout);
+// Where a line of `width` pixels beside the gain sliders begins: behind their figures, or as far right as it
+// ends clear of the scroll bar. A panel too narrow for that has it at its left, under the sliders.
+[[nodiscard]] int lineBehindGainsX(const WindowLayout& layout, int width);
 
 // The sliders of the "FX" tab, in their order.
 enum FxSlider : int {

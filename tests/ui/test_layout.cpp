@@ -149,6 +149,19 @@ TEST(Layout, TheTuningSlidersGoByAWidthOfTheirOwn) {
     EXPECT_TRUE(isEmpty(tuningLayout(windowLayout(sizes, 1280, 720)).strength));
 }
 
+TEST(Layout, ALineBehindTheGainsEndsInsideThePanel) {
+    const auto place = [](int panel, int width) {
+        return lineBehindGainsX(windowLayout({true, panel, 880, 340}, 1280, 720), width);
+    };
+    EXPECT_EQ(place(400, 100), 266);
+    EXPECT_EQ(place(400, 130), 266);
+    EXPECT_EQ(place(400, 131), 265);
+    EXPECT_EQ(place(400, 388), 8);
+    EXPECT_EQ(place(400, 500), 8);
+    EXPECT_EQ(place(330, 136), 190);
+    EXPECT_EQ(place(329, 20), 8);
+}
+
 TEST(Layout, RowsTakeClicksInsideTheRightPanelOnly) {
     const WindowLayout layout = first();
     EXPECT_TRUE(same(rowHitArea(layout), {881, 59, 396, 291}));
