@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "recorder/clips.h"
-#include "recorder/panel.h"
+#include "recorder_panel/panel.h"
 #include "tests/ui/events.h"
 #include "tests/ui/text_probe.h"
 
