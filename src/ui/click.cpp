@@ -7,6 +7,7 @@
 #include "platform/path_text.h"
 #include "ui/frame.h"
 #include "ui/input.h"
+#include "ui/scrolling.h"
 
 namespace veloria {
 
@@ -43,6 +44,7 @@ void clickTopBar(AppState& app, int x, int y) {
 bool clickTabs(AppState& app, int x, int y) {
     if (const int tab = leftTabAt(app.layout, x, y); tab >= 0) {
         app.viewMode = tab;
+        app.layout.leftScroll = shownLeftScroll(app);
         return true;
     }
     if (contains({0, kTabTop, app.layout.leftWidth, kTabHeight}, x, y))
@@ -66,7 +68,7 @@ bool clickTabs(AppState& app, int x, int y) {
 }
 
 bool hitsButton(const AppState& app, const Widget& widget, int x, int y) {
-    return tabOfButton(widget.label) == app.viewMode && contains(app.layout.leftPanel, x, y) &&
+    return tabOfButton(widget.label) == app.viewMode && contains(leftPanelView(app.layout), x, y) &&
            contains(leftButtonRect(app.layout, widget.label.c_str()), x, y);
 }
 

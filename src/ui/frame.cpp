@@ -7,6 +7,7 @@
 #include "ui/draw.h"
 #include "ui/export_overlay.h"
 #include "ui/floating_panels.h"
+#include "ui/scrolling.h"
 #include "ui/sound_tick.h"
 #include "views/lotus/lotus_energy.h"
 #include "views/splash.h"
@@ -36,7 +37,7 @@ void prepareLayout(AppState& app) {
         SDL_GetRendererOutputSize(app.renderer, &width, &height);
     }
     initPanelSizes(app.sizes, width);
-    app.layout = windowLayout(app.sizes, width, height);
+    layOutWindow(app, width, height);
     settleFloatingWindows(app);
     app.hits = {};  // what this frame does not draw cannot be hit
 }
@@ -94,6 +95,7 @@ void composeFrame(AppState& app, std::uint32_t nowMs) {
     if (leftPanelShown(app.layout) && app.viewMode == kVoicesTab) drawVoicesTab(app);
     drawRightPanel(app);
     drawWidgets(app);
+    drawLeftScrollBar(app);
     drawRowScrollBar(app);
     drawRecorder(app.draw, app.recorder, app.layout.recorder);
     drawStatusBar(app);

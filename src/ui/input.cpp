@@ -67,6 +67,7 @@ void handleEvent(AppState& app, const SDL_Event& event) {
     if (fxSlidersEvent(app, pointer)) return;
     if (tuningControlsEvent(app, pointer)) return;
     if (rowWheelEvent(app, event, pointer)) return;
+    if (leftPanelWheelEvent(app, event, pointer)) return;
     if (keyEvent(app, event)) return;
     releaseControls(app, pointer);
     if (pointer.leftDown) handleClick(app, pointer.x, pointer.y);
