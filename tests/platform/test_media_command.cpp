@@ -390,7 +390,7 @@ TEST_F(MediaCommand, WithoutAnyOutputThereIsNoPlayer) {
     EXPECT_EQ(errorText(code), "No media player is available for this file.");
 }
 
-// A part of the library that hangs until it is let go, and then fails.
+// A part of the library that hangs until it is let go.
 struct Hang {
     std::mutex mutex;
     std::condition_variable changed;
@@ -398,14 +398,13 @@ struct Hang {
     bool letGo = false;
     bool left = false;
 
-    void pass() {
-        std::unique_lock lock(mutex);
-        entered = true;
-        changed.notify_all();
-        changed.wait(lock, [this] { return letGo; });
+    void pass();
+    void leave() {
+        const std::lock_guard lock(mutex);
         left = true;
         changed.notify_all();
     }
+    // Lets go, and waits until the thread that hung has ended: the test program must not end before it.
     void end() {
         std::unique_lock lock(mutex);
         letGo = true;
@@ -413,6 +412,22 @@ struct Hang {
         changed.wait(lock, [this] { return left || !entered; });
     }
 };
+
+// Tells of the end of the thread that it belongs to.
+struct ThreadEnd {
+    Hang* hang = nullptr;
+    ~ThreadEnd() {
+        if (hang != nullptr) hang->leave();
+    }
+};
+thread_local ThreadEnd t_threadEnd;
+
+void Hang::pass() {
+    t_threadEnd.hang = this;
+    std::unique_lock lock(mutex);
+    entered = true;
+    changed.wait(lock, [this] { return letGo; });
+}
 
 // Outlives the thread that hangs in it.
 Hang& newHang() {

@@ -110,6 +110,7 @@ GtkFileChooserNative* buildChooser(const GtkModal& modal, const ChooserStart& st
 std::string runChooser(const ChooserStart& start) {
     const GtkModal modal;
     GtkFileChooserNative* native = buildChooser(modal, start);
+    runDialogHook();
     int response = GTK_RESPONSE_NONE;
     g_signal_connect(native, "response", G_CALLBACK(storeResponse), &response);
     gtk_native_dialog_show(GTK_NATIVE_DIALOG(native));

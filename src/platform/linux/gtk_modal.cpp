@@ -95,6 +95,8 @@ bool startGtk() {
     static bool s_started = false;
     if (s_started) return true;
     if (!hasScreen()) return false;
+    // Starting and building take longer than the hook should wait: it is called between them as well.
+    runDialogHook();
     prepareGtkOnce();
     s_started = gtk_init_check(nullptr, nullptr) == TRUE;
     return s_started;
@@ -103,13 +105,16 @@ bool startGtk() {
 GtkModal::GtkModal()
     : m_standIn(GTK_WINDOW(gtk_window_new(GTK_WINDOW_TOPLEVEL))),
       m_timer(g_timeout_add(kDialogHookMs, tick, nullptr)),
-      m_startTicks(SDL_GetTicks()) {}
+      m_startTicks(SDL_GetTicks()) {
+    runDialogHook();
+}
 
 GtkModal::~GtkModal() {
     g_source_remove(m_timer);
     gtk_widget_destroy(GTK_WIDGET(m_standIn));
     while (g_main_context_iteration(nullptr, FALSE) == TRUE) {
     }
+    runDialogHook();
     gdk_display_sync(gdk_display_get_default());
     pumpSdl();
     dropStaleInput(m_startTicks);
@@ -122,6 +127,7 @@ void GtkModal::own(GtkWindow* dialog) const {
 }
 
 void GtkModal::wait(const int* response) const {
+    runDialogHook();
     // The timer ends every iteration soon, whether or not GTK has anything to do.
     while (*response == GTK_RESPONSE_NONE)
         g_main_context_iteration(nullptr, TRUE);

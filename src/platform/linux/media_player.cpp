@@ -14,7 +14,7 @@ constexpr int kPlayAudio = 1 << 1;
 constexpr int kPlaySoftVolume = 1 << 4;
 
 constexpr GstClockTime kOpenLimit = 4 * GST_SECOND;
-constexpr GstClockTime kChangeLimit = GST_SECOND;
+constexpr GstClockTime kChangeLimit = 400 * GST_MSECOND;  // less than any command is waited for
 constexpr std::uint64_t kMaxMs = G_MAXINT64 / GST_MSECOND;
 
 struct MessageUnref {
