@@ -90,20 +90,21 @@ void FillTremolo(const PerFrame<double>& times, PerFrame<double>& turns) {
     }
 }
 
-void LimitSum(const PerFrame<double>& times, const PerFrame<float>& levels, StereoSum& sum) {
+void LimitSum(const StereoSum& sum, const PerFrame<double>& times, const PerFrame<float>& levels,
+              BlockOutput& out) {
     PerFrame<double> turns;
     FillTremolo(times, turns);
-    const hn::ScalableTag<float> d;
+    const hn::CappedTag<float, 16> d;
     for (std::size_t i = 0; i < kSubBlockFrames; i += hn::Lanes(d)) {
         auto sine = hn::Zero(d);
         auto cosine = sine;
         SinCos(d, LoadTurns(d, turns.data() + i), sine, cosine);
         const auto tremolo = hn::MulAdd(sine, hn::Set(d, 0.03f), hn::Set(d, 1.0f));
         const auto gain = hn::Mul(hn::Load(d, levels.data() + i), tremolo);
-        for (PerFrame<float>* side : {&sum.left, &sum.right}) {
-            const auto value = Tanh(d, hn::Mul(gain, hn::Load(d, side->data() + i)));
-            hn::Store(value, d, side->data() + i);
-        }
+        const auto left = Tanh(d, hn::Mul(gain, hn::Load(d, sum.left.data() + i)));
+        const auto right = Tanh(d, hn::Mul(gain, hn::Load(d, sum.right.data() + i)));
+        hn::StoreInterleaved2(left, right, d, out.stereo.data() + 2 * i);
+        hn::Store(hn::Mul(hn::Add(left, right), hn::Set(d, 0.5f)), d, out.mono.data() + i);
     }
 }
 
@@ -127,8 +128,9 @@ void fillRamp(const VoiceRamp& ramp, const PerFrame<double>& times, PerFrame<flo
     HWY_DYNAMIC_DISPATCH(FillRamp)(ramp, times, out);
 }
 
-void limitSum(const PerFrame<double>& times, const PerFrame<float>& levels, StereoSum& sum) {
-    HWY_DYNAMIC_DISPATCH(LimitSum)(times, levels, sum);
+void limitSum(const StereoSum& sum, const PerFrame<double>& times, const PerFrame<float>& levels,
+              BlockOutput& out) {
+    HWY_DYNAMIC_DISPATCH(LimitSum)(sum, times, levels, out);
 }
 
 }  // namespace veloria

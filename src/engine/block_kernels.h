@@ -49,7 +49,14 @@ struct VoiceRamp {
 // Envelope times level at each of `times` (s).
 void fillRamp(const VoiceRamp& ramp, const PerFrame<double>& times, PerFrame<float>& out);
 
-// The master stage: the tremolo at `times` (s), `levels` and the soft limit, `sum` becoming the output.
-void limitSum(const PerFrame<double>& times, const PerFrame<float>& levels, StereoSum& sum);
+// What a sub-block puts out. Past its frames there is nothing of use.
+struct BlockOutput {
+    alignas(64) std::array<float, 2 * kSubBlockFrames> stereo;  // interleaved
+    PerFrame<float> mono;
+};
+
+// The master stage: the tremolo at `times` (s), `levels` and the soft limit.
+void limitSum(const StereoSum& sum, const PerFrame<double>& times, const PerFrame<float>& levels,
+              BlockOutput& out);
 
 }  // namespace veloria

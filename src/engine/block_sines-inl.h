@@ -1,7 +1,8 @@
-// A voice of sines: per partial one turn to the middle of the sub-block, four to the centres of its spans,
-// and from each centre c the frames k on both sides by
-//     sin(c +- k) = sin c cos k +- cos c sin k,
-// where the even part (sin c cos k) and the odd part (cos c sin k) are summed over all partials first.
+// A voice of sines. Per partial: sine and cosine at the middle of the sub-block from one polynomial; by the
+// angle's addition those at the two centres on both sides of it, and from there at the frames k on both sides
+// of a centre:
+//     sin(c +- k) = sin c cos k +- cos c sin k.
+// All that is summed over the partials is products; they are put together to the frames once a voice.
 #if defined(VELORIA_ENGINE_BLOCK_SINES_INL_H_) == defined(HWY_TARGET_TOGGLE)
 #ifdef VELORIA_ENGINE_BLOCK_SINES_INL_H_
 #undef VELORIA_ENGINE_BLOCK_SINES_INL_H_
@@ -16,53 +17,67 @@ HWY_BEFORE_NAMESPACE();
 namespace veloria {
 namespace HWY_NAMESPACE {
 
-// Sine and cosine of every partial at the centre of each span.
-struct alignas(64) CentreValues {
-    PerPartial<float> sine[kSpans];
-    PerPartial<float> cosine[kSpans];
+// Sine and cosine of each partial at the middle, each times the cosine and the sine of the turn to a centre.
+// At the later centre the sine is sineCos + cosineSin, at the earlier one sineCos - cosineSin; the cosines
+// are cosineCos -+ sineSin.
+struct alignas(64) Centres {
+    PerPartial<float> sineCos, cosineSin, cosineCos, sineSin;
 };
 
-// Turns at the middle of the sub-block; the phases are advanced over the range.
-HWY_INLINE void TakeTurns(const PartialTable& table, double* HWY_RESTRICT phases, FrameRange range,
-                          PerPartial<double>& turns) {
-    const hn::CappedTag<double, 8> d;
-    const auto frames = hn::Set(d, range.end - range.first);
-    // A phase stands one frame before the range's first.
-    const auto toMiddle = hn::Set(d, 0.5 * (kSubBlockFrames - 1) - range.first + 1.0);
-    const auto perTurn = hn::Set(d, kPerTurn);
-    // As far as FillCentres reads.
-    const std::size_t all = 2 * hn::Lanes(d);
-    const std::size_t places = (static_cast<std::size_t>(table.count) + all - 1) / all * all;
-    for (std::size_t i = 0; i < places; i += hn::Lanes(d)) {
-        const auto phase = hn::LoadU(d, phases + i);
-        const auto step = hn::Load(d, table.steps.data() + i);
-        auto turn = hn::Mul(hn::MulAdd(step, toMiddle, phase), perTurn);
-        if (table.hasOffsets) turn = hn::Add(turn, hn::Load(d, table.offsets.data() + i));
-        hn::StoreU(turn, d, turns.data() + i);
-        hn::StoreU(AdvancePhase(d, phase, step, frames), d, phases + i);
-    }
-}
+// Turns at the middle of the sub-block, in single precision without their whole part; the phases are advanced
+// over the range.
+template <class D>
+class TurnTaker {
+  public:
+    TurnTaker(const PartialTable& table, double* phases, FrameRange range)
+        : table_(table),
+          phases_(phases),
+          frames_(range.end - range.first),
+          // A phase stands one frame before the range's first.
+          toMiddle_(0.5 * (kSubBlockFrames - 1) - range.first + 1.0) {}
 
-HWY_INLINE void FillCentres(const PartialTable& table, const PerPartial<double>& turns,
-                            CentreValues& centres) {
+    // Those of the partials from `i` on.
+    HWY_INLINE hn::Vec<D> Take(D d, std::size_t i) const {
+#if HWY_TARGET == HWY_SCALAR
+        return TakePart(d, i);
+#else
+        const hn::Half<D> half;
+        const auto lower = TakePart(half, i);
+        return hn::Combine(d, TakePart(half, i + hn::Lanes(half)), lower);
+#endif
+    }
+
+  private:
+    template <class DF>
+    HWY_INLINE hn::Vec<DF> TakePart(DF df, std::size_t i) const {
+        const hn::Rebind<double, DF> d;
+        const auto phase = hn::LoadU(d, phases_ + i);
+        const auto step = hn::Load(d, table_.steps.data() + i);
+        auto turn = hn::Mul(hn::MulAdd(step, hn::Set(d, toMiddle_), phase), hn::Set(d, kPerTurn));
+        if (table_.hasOffsets) turn = hn::Add(turn, hn::Load(d, table_.offsets.data() + i));
+        hn::StoreU(AdvancePhase(d, phase, step, hn::Set(d, frames_)), d, phases_ + i);
+        return hn::DemoteTo(df, hn::Sub(turn, Nearest(d, turn)));
+    }
+
+    const PartialTable& table_;
+    double* HWY_RESTRICT phases_;
+    double frames_;
+    double toMiddle_;
+};
+
+HWY_INLINE void FillCentres(const PartialTable& table, double* phases, FrameRange range, Centres& centres) {
     const hn::CappedTag<float, 16> d;
+    const TurnTaker<decltype(d)> turns(table, phases, range);
     for (std::size_t i = 0; i < static_cast<std::size_t>(table.count); i += hn::Lanes(d)) {
-        auto s = hn::Zero(d);
-        auto c = s;
-        SinCos(d, LoadTurns(d, turns.data() + i), s, c);
-        const auto turnBoth = [&](const PerPartial<float>& cosines, const PerPartial<float>& sines,
-                                  std::size_t before, std::size_t after) {
-            const auto cosine = hn::Load(d, cosines.data() + i);
-            const auto sine = hn::Load(d, sines.data() + i);
-            const auto cs = hn::Mul(c, sine);
-            const auto ss = hn::Mul(s, sine);
-            hn::Store(hn::MulSub(s, cosine, cs), d, centres.sine[before].data() + i);
-            hn::Store(hn::MulAdd(s, cosine, cs), d, centres.sine[after].data() + i);
-            hn::Store(hn::MulAdd(c, cosine, ss), d, centres.cosine[before].data() + i);
-            hn::Store(hn::MulSub(c, cosine, ss), d, centres.cosine[after].data() + i);
-        };
-        turnBoth(table.farCos, table.farSin, 0, 3);
-        turnBoth(table.nearCos, table.nearSin, 1, 2);
+        auto sine = hn::Zero(d);
+        auto cosine = sine;
+        SinCos(d, turns.Take(d, i), sine, cosine);
+        const auto c = hn::Load(d, table.centreCos.data() + i);
+        const auto s = hn::Load(d, table.centreSin.data() + i);
+        hn::Store(hn::Mul(sine, c), d, centres.sineCos.data() + i);
+        hn::Store(hn::Mul(cosine, s), d, centres.cosineSin.data() + i);
+        hn::Store(hn::Mul(cosine, c), d, centres.cosineCos.data() + i);
+        hn::Store(hn::Mul(sine, s), d, centres.sineSin.data() + i);
     }
 }
 
@@ -78,67 +93,60 @@ HWY_INLINE void AddFrames(D d, V wave, std::size_t at, const VoiceGain& gain, St
 
 // The frames k to k + Lanes - 1 on both sides of a centre.
 template <class D, class V>
-HWY_INLINE void AddHalves(D d, V even, V odd, std::size_t span, std::size_t k, const VoiceGain& gain,
+HWY_INLINE void AddHalves(D d, V even, V odd, std::size_t centre, std::size_t k, const VoiceGain& gain,
                           StereoSum& sum) {
-    const std::size_t middle = span * kSpanFrames + kHalfSpan;
-    AddFrames(d, hn::Add(even, odd), middle + k, gain, sum);
-    AddFrames(d, hn::Reverse(d, hn::Sub(even, odd)), middle - k - hn::Lanes(d), gain, sum);
+    AddFrames(d, hn::Add(even, odd), centre + k, gain, sum);
+    AddFrames(d, hn::Reverse(d, hn::Sub(even, odd)), centre - k - hn::Lanes(d), gain, sum);
 }
 
-HWY_INLINE void AddAllSpans(const PartialTable& table, const CentreValues& centres, const VoiceGain& gain,
-                            StereoSum& sum) {
-    const hn::CappedTag<float, kHalfSpan> d;
-    for (std::size_t k = 0; k < kHalfSpan; k += hn::Lanes(d)) {
-        auto even0 = hn::Zero(d), even1 = even0, even2 = even0, even3 = even0;
-        auto odd0 = even0, odd1 = even0, odd2 = even0, odd3 = even0;
-        for (std::size_t i = 0; i < static_cast<std::size_t>(table.count); ++i) {
-            const auto cosine = hn::Load(d, table.rows[i].cosine.data() + k);
-            even0 = hn::MulAdd(hn::Set(d, centres.sine[0][i]), cosine, even0);
-            even1 = hn::MulAdd(hn::Set(d, centres.sine[1][i]), cosine, even1);
-            even2 = hn::MulAdd(hn::Set(d, centres.sine[2][i]), cosine, even2);
-            even3 = hn::MulAdd(hn::Set(d, centres.sine[3][i]), cosine, even3);
-            const auto sine = hn::Load(d, table.rows[i].sine.data() + k);
-            odd0 = hn::MulAdd(hn::Set(d, centres.cosine[0][i]), sine, odd0);
-            odd1 = hn::MulAdd(hn::Set(d, centres.cosine[1][i]), sine, odd1);
-            odd2 = hn::MulAdd(hn::Set(d, centres.cosine[2][i]), sine, odd2);
-            odd3 = hn::MulAdd(hn::Set(d, centres.cosine[3][i]), sine, odd3);
-        }
-        AddHalves(d, even0, odd0, 0, k, gain, sum);
-        AddHalves(d, even1, odd1, 1, k, gain, sum);
-        AddHalves(d, even2, odd2, 2, k, gain, sum);
-        AddHalves(d, even3, odd3, 3, k, gain, sum);
+// The sums over all partials of the products for frames k to k + Lanes - 1.
+template <class D>
+struct Products {
+    using V = hn::Vec<D>;
+    V sineCos, cosineSin, cosineCos, sineSin;
+
+    explicit HWY_INLINE Products(D d)
+        : sineCos(hn::Zero(d)), cosineSin(sineCos), cosineCos(sineCos), sineSin(sineCos) {}
+
+    HWY_INLINE void AddEven(V sc, V cs, V cosine) {
+        sineCos = hn::MulAdd(sc, cosine, sineCos);
+        cosineSin = hn::MulAdd(cs, cosine, cosineSin);
     }
-}
-
-HWY_INLINE void AddSpan(const PartialTable& table, const CentreValues& centres, std::size_t span,
-                        const VoiceGain& gain, StereoSum& sum) {
-    const hn::CappedTag<float, kHalfSpan> d;
-    for (std::size_t k = 0; k < kHalfSpan; k += hn::Lanes(d)) {
-        auto even = hn::Zero(d);
-        auto odd = even;
-        for (std::size_t i = 0; i < static_cast<std::size_t>(table.count); ++i) {
-            even = hn::MulAdd(hn::Set(d, centres.sine[span][i]), hn::Load(d, table.rows[i].cosine.data() + k),
-                              even);
-            odd = hn::MulAdd(hn::Set(d, centres.cosine[span][i]), hn::Load(d, table.rows[i].sine.data() + k),
-                             odd);
-        }
-        AddHalves(d, even, odd, span, k, gain, sum);
+    HWY_INLINE void AddOdd(V cc, V ss, V sine) {
+        cosineCos = hn::MulAdd(cc, sine, cosineCos);
+        sineSin = hn::MulAdd(ss, sine, sineSin);
     }
-}
+    HWY_INLINE void Finish(D d, std::size_t k, const VoiceGain& gain, StereoSum& sum) const {
+        AddHalves(d, hn::Sub(sineCos, cosineSin), hn::Add(cosineCos, sineSin), kHalfSpan, k, gain, sum);
+        AddHalves(d, hn::Add(sineCos, cosineSin), hn::Sub(cosineCos, sineSin), kSpanFrames + kHalfSpan, k,
+                  gain, sum);
+    }
+};
 
-HWY_INLINE void AddSines(const PartialTable& table, double* HWY_RESTRICT phases, FrameRange range,
-                         const VoiceGain& gain, StereoSum& sum) {
-    PerPartial<double> turns;
-    CentreValues centres;
-    TakeTurns(table, phases, range, turns);
-    FillCentres(table, turns, centres);
-    const std::size_t firstSpan = static_cast<std::size_t>(range.first / kSpanFrames);
-    const std::size_t endSpan = static_cast<std::size_t>((range.end + kSpanFrames - 1) / kSpanFrames);
-    if (endSpan - firstSpan > 2) {
-        AddAllSpans(table, centres, gain, sum);
-    } else {
-        for (std::size_t span = firstSpan; span < endSpan; ++span)
-            AddSpan(table, centres, span, gain, sum);
+HWY_INLINE void AddSines(const PartialTable& table, double* phases, FrameRange range, const VoiceGain& gain,
+                         StereoSum& sum) {
+    Centres centres;
+    FillCentres(table, phases, range, centres);
+    // Two vectors at a time: every number that is spread over a vector serves twice.
+    const hn::CappedTag<float, kHalfSpan / 2> d;
+    const std::size_t lanes = hn::Lanes(d);
+    for (std::size_t k = 0; k < kHalfSpan; k += 2 * lanes) {
+        Products products(d);
+        Products more(d);
+        for (std::size_t i = 0; i < static_cast<std::size_t>(table.count); ++i) {
+            const float* cosines = table.rows[i].cosine.data() + k;
+            const auto sc = hn::Set(d, centres.sineCos[i]);
+            const auto cs = hn::Set(d, centres.cosineSin[i]);
+            products.AddEven(sc, cs, LoadOnce(d, cosines));
+            more.AddEven(sc, cs, LoadOnce(d, cosines + lanes));
+            const float* sines = table.rows[i].sine.data() + k;
+            const auto cc = hn::Set(d, centres.cosineCos[i]);
+            const auto ss = hn::Set(d, centres.sineSin[i]);
+            products.AddOdd(cc, ss, LoadOnce(d, sines));
+            more.AddOdd(cc, ss, LoadOnce(d, sines + lanes));
+        }
+        products.Finish(d, k, gain, sum);
+        more.Finish(d, k + lanes, gain, sum);
     }
 }
 

@@ -39,11 +39,8 @@ void fillSineRows(PartialTable& table, std::size_t place) {
         turn = turn * step;
         halfSpan = halfSpan * step;
     }
-    const Turn far = halfSpan * halfSpan * halfSpan;
-    table.nearCos[place] = static_cast<float>(halfSpan.cosine);
-    table.nearSin[place] = static_cast<float>(halfSpan.sine);
-    table.farCos[place] = static_cast<float>(far.cosine);
-    table.farSin[place] = static_cast<float>(far.sine);
+    table.centreCos[place] = static_cast<float>(halfSpan.cosine);
+    table.centreSin[place] = static_cast<float>(halfSpan.sine);
 }
 
 }  // namespace

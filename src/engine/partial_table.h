@@ -10,13 +10,11 @@
 
 namespace veloria {
 
-// A sub-block, the longest run of frames between two looks at the settings, lies in spans round a centre
-// each. Every span is symmetrical: a partial's value `k` frames before and after the centre differ only in
-// the sign of the sine's part.
+// A sub-block, the longest run of frames between two looks at the settings, lies in two spans round a centre
+// each, and each has as many frames before its centre as after it: 0.5 to 15.5 away.
 inline constexpr int kSubBlockFrames = 64;
-inline constexpr int kHalfSpan = 8;  // frames on each side of a centre, 0.5 to 7.5 away
-inline constexpr int kSpanFrames = 2 * kHalfSpan;
-inline constexpr int kSpans = kSubBlockFrames / kSpanFrames;
+inline constexpr int kSpanFrames = kSubBlockFrames / 2;
+inline constexpr int kHalfSpan = kSpanFrames / 2;
 
 // Places for partials, rounded up to whole vectors of any machine. What lies past `count` is 0, and a phase
 // that is advanced by it stays.
@@ -40,9 +38,9 @@ struct PartialTable {
     alignas(64) PerPartial<double> offsets{};  // turns
     alignas(64) PerPartial<float> weights{};
 
-    // For sines only. Cosine and sine of the turn from the middle of the sub-block to the centres 8 and 24
-    // frames away, and of the turns from a centre to the frames of its half span, times the weight.
-    alignas(64) PerPartial<float> nearCos{}, nearSin{}, farCos{}, farSin{};
+    // For sines only: cosine and sine of the turn from the middle of the sub-block to a centre, and of the
+    // turns from a centre to the frames of its half span, those times the weight.
+    alignas(64) PerPartial<float> centreCos{}, centreSin{};
     struct Row {
         std::array<float, kHalfSpan> cosine, sine;
     };

@@ -138,41 +138,53 @@ void glideLevels(SynthEngine& engine, const SubBlock& block, PerFrame<float>& le
     std::int32_t sounding = 0;
     float level = engine.masterLevel;
     float target = polyphonyTarget(0);
-    for (std::size_t i = 0; i < kSubBlockFrames; ++i) {
-        if (i < static_cast<std::size_t>(block.frames)) {
-            if (block.changes[i] != 0) {
-                sounding += block.changes[i];
-                target = polyphonyTarget(static_cast<std::size_t>(sounding));
-            }
-            level = glideMasterLevel(level, target);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(block.frames); ++i) {
+        if (block.changes[i] != 0) {
+            sounding += block.changes[i];
+            target = polyphonyTarget(static_cast<std::size_t>(sounding));
         }
+        level = glideMasterLevel(level, target);
         levels[i] = level;
     }
+    std::fill(levels.begin() + block.frames, levels.end(), level);
     engine.masterLevel = level;
 }
 
-void writeFrames(SynthEngine& engine, const SubBlock& block, float* out) {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(block.frames); ++i) {
-        out[2 * i] = block.sum.left[i];
-        out[2 * i + 1] = block.sum.right[i];
-        feedScopeRing(engine, out[2 * i], out[2 * i + 1]);
+void renderSounding(SynthEngine& engine, SubBlock& block, float* out) {
+    block.globals = loadGlobals(engine);
+    renderVoices(engine, block);
+    PerFrame<float> levels;
+    glideLevels(engine, block, levels);
+    removeEnded(engine, block);
+    BlockOutput output;
+    limitSum(block.sum, block.times, levels, output);
+    std::copy(output.stereo.begin(), output.stereo.begin() + 2 * block.frames, out);
+    feedScopeRing(engine, output.mono.data(), static_cast<std::size_t>(block.frames));
+}
+
+// Without voices only the clock and the level move, and the level no more once it is as near its rest as
+// single precision brings it.
+void renderSilence(SynthEngine& engine, const SubBlock& block, float* out) {
+    static constexpr PerFrame<float> kSilence{};
+    const float rest = polyphonyTarget(0);
+    for (int i = 0; i < block.frames; ++i) {
+        const float level = glideMasterLevel(engine.masterLevel, rest);
+        if (level == engine.masterLevel) break;
+        engine.masterLevel = level;
     }
+    std::fill(out, out + 2 * block.frames, 0.0f);
+    feedScopeRing(engine, kSilence.data(), static_cast<std::size_t>(block.frames));
 }
 
 void renderSubBlock(SynthEngine& engine, float* out, int frames) {
     SubBlock block;
     block.frames = frames;
-    block.globals = loadGlobals(engine);
     takeTimes(engine, block);
-    const bool silent = engine.voices.empty();
-    renderVoices(engine, block);
-    PerFrame<float> levels;
-    glideLevels(engine, block, levels);
-    if (!silent) {
-        removeEnded(engine, block);
-        limitSum(block.times, levels, block.sum);
+    if (engine.voices.empty()) {
+        renderSilence(engine, block, out);
+    } else {
+        renderSounding(engine, block, out);
     }
-    writeFrames(engine, block, out);
 }
 
 }  // namespace

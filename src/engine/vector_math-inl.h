@@ -19,6 +19,17 @@ inline constexpr double kTurn = 6.283185307179586;      // radians
 inline constexpr double kPerTurn = 1.0 / kTurn;         // turns a radian
 inline constexpr double kRounder = 6755399441055744.0;  // 1.5 * 2^52: adding it leaves no room for a fraction
 
+// Loads a vector that several operations use. 2026-11-22: g++ 12 loads it anew for each of them, and loads
+// are what the loop over the partials waits for.
+template <class D>
+HWY_INLINE hn::Vec<D> LoadOnce(D d, const float* HWY_RESTRICT from) {
+    auto v = hn::Load(d, from);
+#if HWY_ARCH_X86 && HWY_COMPILER_GCC_ACTUAL && HWY_TARGET != HWY_SCALAR && HWY_TARGET != HWY_EMU128
+    asm("" : "+x"(v.raw));
+#endif
+    return v;
+}
+
 // The nearest whole number, for |x| below 2^51.
 template <class D, class V>
 HWY_INLINE V Nearest(D d, V x) {
