@@ -4,6 +4,7 @@ find_package(Threads REQUIRED)
 
 pkg_check_modules(SDL2 REQUIRED IMPORTED_TARGET sdl2>=2.26)
 pkg_check_modules(SDL2TTF REQUIRED IMPORTED_TARGET SDL2_ttf)
+pkg_check_modules(HWY REQUIRED IMPORTED_TARGET libhwy)
 if(NOT WIN32)
   pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
   pkg_check_modules(GSTREAMER REQUIRED IMPORTED_TARGET gstreamer-1.0)

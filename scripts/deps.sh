@@ -10,7 +10,7 @@ say() { printf 'deps: %s\n' "$*"; }
 
 build_packages=(
   g++ cmake ninja-build pkg-config ca-certificates openssl
-  libsdl2-dev libsdl2-ttf-dev libgtk-3-dev libgstreamer1.0-dev libfontconfig-dev
+  libsdl2-dev libsdl2-ttf-dev libhwy-dev libgtk-3-dev libgstreamer1.0-dev libfontconfig-dev
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav gstreamer1.0-alsa
   fonts-liberation fonts-dejavu-core xvfb xauth
 )
