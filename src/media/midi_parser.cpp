@@ -154,6 +154,22 @@ double secondsAt(const TempoState& state, std::uint32_t tick, std::uint32_t divi
            static_cast<double>(tick - state.tick) * state.secondsPerQuarter / static_cast<double>(division);
 }
 
+// How many entries of the map lie before `tick`, of which `guess` were before the event before. Ticks grow
+// along a track, so that the map is walked along with it; a damaged file's may jump, and are searched for.
+std::size_t entriesBefore(const std::vector<TempoChange>& tempos, std::uint32_t tick, std::size_t guess) {
+    constexpr std::size_t kMaxSteps = 4;
+    const bool grown = guess == 0 || tempos[guess - 1].tick < tick;
+    const std::size_t limit = std::min(guess + kMaxSteps, tempos.size());
+    std::size_t passed = guess;
+    while (passed < limit && tempos[passed].tick < tick)
+        ++passed;
+    if (grown && (passed == tempos.size() || tempos[passed].tick >= tick)) return passed;
+    const auto reached =
+        std::lower_bound(tempos.begin(), tempos.end(), tick,
+                         [](const TempoChange& entry, std::uint32_t at) { return entry.tick < at; });
+    return static_cast<std::size_t>(reached - tempos.begin());
+}
+
 // An event's time is the sum over the map's entries before its tick. The sums are kept for each entry, added
 // in the order of a walk from the start, so that they are the same to the last bit: walking for each event
 // would take hours on a file made of a million tempo changes.
@@ -170,14 +186,9 @@ void setEventTimes(MidiContents& contents, std::uint32_t division) {
         states.push_back({secondsAt(states.back(), entry.tick, division), entry.tick,
                           secondsPerQuarter(entry.microsPerQuarter)});
     }
-    // Ticks grow along a track, and so the map is walked along with it, once a track.
     std::size_t passed = 0;
-    std::uint32_t lastTick = 0;
     for (MidiEvent& event : contents.events) {
-        if (event.tick < lastTick) passed = 0;
-        lastTick = event.tick;
-        while (passed < tempos.size() && tempos[passed].tick < event.tick)
-            ++passed;
+        passed = entriesBefore(tempos, event.tick, passed);
         event.time = secondsAt(states[passed], event.tick, division);
     }
 }

@@ -1,20 +1,18 @@
 #include "media/mix.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 #include "engine/render.h"
+#include "media/file_samples.h"
 
 namespace veloria {
 
 namespace {
 
-// The file's sound of one frame, mono, as retuned.
-float retunedSample(PcmStream& pcm, SacredFft& retuner) {
-    const RetunerSettings settings = loadSettings(retuner);
-    while (needsFeed(retuner, settings))
-        feedSample(retuner, nextPcmSample(pcm));
-    return retuner.processSample(nextPcmSample(pcm), settings);
-}
+// Frames that are mixed together: the retuner's settings are taken anew for each such block.
+constexpr std::size_t kMixFrames = 64;
 
 float clampToFullScale(float value) {
     return std::max(std::min(value, 1.0f), -1.0f);
@@ -32,13 +30,17 @@ void mixOutput(const MixSources& sources, const OutputGains& gains, float* out, 
     const float master = gains.masterGain;
     const float gainLeft = gains.synthGainLeft;
     const float gainRight = gains.synthGainRight;
-    for (std::size_t i = 0; i < frames; ++i, out += 2) {
-        float synth[2];
-        renderStereoSample(sources.engine, synth);
-        const float file = retunedSample(sources.pcm, sources.retuner);
-        out[0] = clampToFullScale((synth[0] * gainLeft + file) * master);
-        out[1] = clampToFullScale((synth[1] * gainRight + file) * master);
-        if (scope != nullptr) feedScope(*scope, (out[0] + out[1]) * 0.5f);
+    std::array<float, kMixFrames> file;
+    for (std::size_t done = 0; done < frames; done += kMixFrames) {
+        const std::size_t count = std::min(kMixFrames, frames - done);
+        nextFileSamples(sources.pcm, sources.retuner, std::span(file).first(count));
+        for (std::size_t i = 0; i < count; ++i, out += 2) {
+            float synth[2];
+            renderStereoSample(sources.engine, synth);
+            out[0] = clampToFullScale((synth[0] * gainLeft + file[i]) * master);
+            out[1] = clampToFullScale((synth[1] * gainRight + file[i]) * master);
+            if (scope != nullptr) feedScope(*scope, (out[0] + out[1]) * 0.5f);
+        }
     }
 }
 

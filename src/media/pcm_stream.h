@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -29,6 +30,9 @@ struct PcmStream {
     }
     return stream.samples[index];
 }
+
+// What nextPcmSample would give one after the other, into `out`. Audio thread.
+void nextPcmSamples(PcmStream& stream, std::span<float> out);
 
 // Stops the stream, rewinds it and empties it. Main thread, with the audio device paused or its lock held;
 // the old samples come back so that a caller who holds the lock can free them after it.
