@@ -182,7 +182,8 @@ void polarOfABlock(benchmark::State& state) {
     std::copy_n(testSignal().begin() + 5000, veloria::kBlockSize, retuner.fast.input.imag());
     for ([[maybe_unused]] auto _ : state) {
         veloria::polarValues(retuner.fast.input.real(), retuner.fast.input.imag(), veloria::kBlockSize / 2,
-                             {retuner.fast.output.real(), retuner.fast.output.imag()}, retuner.fast.doubts);
+                             {retuner.fast.output.real(), retuner.fast.output.imag()}, retuner.fast.doubts,
+                             retuner.fast.moreDoubts);
         benchmark::DoNotOptimize(retuner.fast.output.real());
     }
 }

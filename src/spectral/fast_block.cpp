@@ -62,7 +62,8 @@ void measurePolar(SacredFft& retuner) {
     auto& phases = retuner.fast.phase;
     magnitudes[0] = std::hypot(bins.real()[0], bins.imag()[0]);
     phases[0] = std::atan2(bins.imag()[0], bins.real()[0]);
-    magnitudesOf(&bins.real()[1], &bins.imag()[1], kMovable, &magnitudes[1], retuner.fast.doubts);
+    magnitudesOf(&bins.real()[1], &bins.imag()[1], kMovable, &magnitudes[1], retuner.fast.doubts,
+                 retuner.fast.moreDoubts);
     anglesOf(&bins.real()[1], &bins.imag()[1], kMovable, &phases[1], retuner.fast.doubts);
 }
 
@@ -316,9 +317,9 @@ void wholeBlock(SacredFft& retuner, const RetunerSettings& settings) {
     inverseAndOverlap(retuner);
 }
 
-void polarLoop(const double* real, const double* imag, std::size_t count, PolarResult out,
-               DoubtBits& doubts) {
-    magnitudesOf(real, imag, count, out.magnitudes, doubts);
+void polarLoop(const double* real, const double* imag, std::size_t count, PolarResult out, DoubtBits& doubts,
+               DoubtBits& moreDoubts) {
+    magnitudesOf(real, imag, count, out.magnitudes, doubts, moreDoubts);
     anglesOf(real, imag, count, out.phases, doubts);
 }
 
@@ -351,8 +352,8 @@ void forwardBlock(SacredFft& retuner) {
 }
 
 void polarValues(const double* real, const double* imag, std::size_t count, PolarResult out,
-                 DoubtBits& doubts) {
-    HWY_DYNAMIC_DISPATCH(polarLoop)(real, imag, count, out, doubts);
+                 DoubtBits& doubts, DoubtBits& moreDoubts) {
+    HWY_DYNAMIC_DISPATCH(polarLoop)(real, imag, count, out, doubts, moreDoubts);
 }
 
 void sinesAndCosines(const double* angles, std::size_t count, SineResult out, DoubtBits& doubts,

@@ -23,7 +23,7 @@ struct PolarResult {
 
 // Magnitude and phase of the `count` values real[i], imag[i]; `count` is a multiple of 64, at most 2048.
 void polarValues(const double* real, const double* imag, std::size_t count, PolarResult out,
-                 DoubtBits& doubts);
+                 DoubtBits& doubts, DoubtBits& moreDoubts);
 
 struct SineResult {
     double* sines;

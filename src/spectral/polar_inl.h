@@ -97,9 +97,16 @@ HWY_INLINE hn::Mask<D> outside(D d, V large) {
     return hn::Or(hn::Gt(large, hn::Set(d, 1e30)), hn::Lt(large, hn::Set(d, 1e-30)));
 }
 
+// A magnitude, and whether the smaller part is above 0.577 of the larger.
+template <class D>
+struct Magnitude {
+    Rounded<D> rounded;
+    hn::Mask<D> diagonal;
+};
+
 // hypot(x, y).
 template <class D, class V = hn::Vec<D>>
-HWY_INLINE Rounded<D> magnitudeExact(D d, V x, V y) {
+HWY_INLINE Magnitude<D> magnitudeExact(D d, V x, V y) {
     constexpr double kStretch = 0.5 / (0.5 - 0.05);
     constexpr double kMoreStretch = 0.5 / (0.5 - 0.09);
     const V ax = hn::Abs(x);
@@ -124,7 +131,7 @@ HWY_INLINE Rounded<D> magnitudeExact(D d, V x, V y) {
     const auto silent = hn::Eq(large, hn::Zero(d));
     result.value = hn::IfThenZeroElse(silent, result.value);
     result.doubtful = hn::AndNot(silent, hn::Or(result.doubtful, outside(d, large)));
-    return result;
+    return {result, hn::Gt(small, times(0.5773502691896258))};
 }
 
 // The number of the nearest row of a table, for values from 0 to 2^20 at most: the magic number pushes the

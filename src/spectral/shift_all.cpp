@@ -62,8 +62,8 @@ void gatherMeasured(SacredFft& retuner) {
     for (std::size_t k = 1; k < kBinCount; ++k) {
         const double magnitude = scratch.magnitudes[k];
         const std::size_t t = targetOf(retuner, k);
-        scratch.sum[t] += magnitude;
         const bool stronger = magnitude > scratch.strongest[t];
+        scratch.sum[t] += magnitude;
         // Chosen and not branched to: which bin is the stronger follows no pattern.
         scratch.strongest[t] = stronger ? magnitude : scratch.strongest[t];
         scratch.source[t] = stronger ? static_cast<std::int32_t>(k) : scratch.source[t];

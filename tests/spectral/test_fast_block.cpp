@@ -221,12 +221,12 @@ std::vector<double> anyValues(std::size_t count, unsigned seed) {
 TEST(PolarValues, areTheLibrarysBitForBit) {
     constexpr std::size_t kCount = 2048;
     test::onEveryTarget([&] {
-        DoubtBits doubts{};
+        DoubtBits doubts{}, moreDoubts{};
         for (unsigned run = 0; run < 100; ++run) {
             const std::vector<double> x = anyValues(kCount, 2 * run);
             const std::vector<double> y = anyValues(kCount, 2 * run + 1);
             std::vector<double> magnitudes(kCount), phases(kCount);
-            polarValues(x.data(), y.data(), kCount, {magnitudes.data(), phases.data()}, doubts);
+            polarValues(x.data(), y.data(), kCount, {magnitudes.data(), phases.data()}, doubts, moreDoubts);
             for (std::size_t i = 0; i < kCount; ++i) {
                 ASSERT_EQ(magnitudes[i], std::hypot(x[i], y[i])) << x[i] << ' ' << y[i];
                 const double phase = std::atan2(y[i], x[i]);
