@@ -1,5 +1,6 @@
-// The retuner's cost in each mode within the audio callback's whole work. "x_mode0" is the time against mode
-// 0 in the same run, "realtime" how many seconds of sound one second of computing gives.
+// A hop of the retuner by its literal stages and as it runs, and its cost in each mode within the audio
+// callback's whole work. "x_mode0" is the time against mode 0 in the same run, "realtime" how many seconds of
+// sound one second of computing gives.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -8,10 +9,13 @@
 #include <ctime>
 #include <memory>
 #include <numbers>
+#include <span>
 #include <vector>
 
 #include "../tests/spectral/literal_transform.h"
 #include "media/mix.h"
+#include "spectral/block.h"
+#include "spectral/fast_block.h"
 #include "spectral/sacred_fft.h"
 #include "spectral/transform.h"
 
@@ -109,6 +113,42 @@ BENCHMARK(retunerSecond)
     ->Args({3, 50})
     ->Unit(benchmark::kMillisecond);
 
+// A hop of a mode that works by blocks: 1024 samples in and out and the block that they make due. "literal"
+// takes sample by sample through the literal stages, "fast" is what the audio callback calls.
+using Hop = void (*)(SacredFft& retuner, std::span<float> samples, const veloria::RetunerSettings& settings);
+
+void literalHop(SacredFft& retuner, std::span<float> samples, const veloria::RetunerSettings& settings) {
+    for (float& sample : samples)
+        sample = veloria::processSpectral(retuner, sample, settings, veloria::ProcessBlock);
+}
+
+void fastHop(SacredFft& retuner, std::span<float> samples, const veloria::RetunerSettings& settings) {
+    retuner.processSamples(samples, settings);
+}
+
+void hop(benchmark::State& state, Hop process, std::int32_t mode) {
+    SacredFft& retuner = preparedRetuner();
+    retuner.ResetStreams();
+    const veloria::RetunerSettings settings{mode, 100, 8};
+    const std::vector<float>& signal = testSignal();
+    std::array<float, veloria::kHopSize> samples;
+    std::size_t at = 0;
+    const auto play = [&] {
+        std::copy_n(signal.begin() + static_cast<std::ptrdiff_t>(at), samples.size(), samples.begin());
+        at = (at + samples.size()) % (signal.size() - samples.size());
+        process(retuner, samples, settings);
+        benchmark::DoNotOptimize(samples.data());
+    };
+    for (int warmup = 0; warmup < 8; ++warmup)
+        play();
+    for ([[maybe_unused]] auto _ : state)
+        play();
+}
+BENCHMARK_CAPTURE(hop, literal full, literalHop, veloria::kModeFull)->Name("literal/1");
+BENCHMARK_CAPTURE(hop, fast full, fastHop, veloria::kModeFull)->Name("fast/1");
+BENCHMARK_CAPTURE(hop, literal peak, literalHop, veloria::kModePeak)->Name("literal/2");
+BENCHMARK_CAPTURE(hop, fast peak, fastHop, veloria::kModePeak)->Name("fast/2");
+
 std::vector<std::complex<double>> blockOfSignal() {
     return {testSignal().begin(), testSignal().begin() + veloria::kBlockSize};
 }
@@ -123,6 +163,44 @@ void transformOfABlock(benchmark::State& state) {
     }
 }
 BENCHMARK(transformOfABlock)->Unit(benchmark::kMicrosecond);
+
+// What runs: the real signal's half-spectrum.
+void fastTransformOfABlock(benchmark::State& state) {
+    SacredFft& retuner = preparedRetuner();
+    std::copy_n(testSignal().begin(), veloria::kBlockSize, retuner.fast.input.real());
+    for ([[maybe_unused]] auto _ : state) {
+        veloria::forwardBlock(retuner);
+        benchmark::DoNotOptimize(retuner.fast.output.real());
+    }
+}
+BENCHMARK(fastTransformOfABlock)->Unit(benchmark::kMicrosecond);
+
+// Magnitude and angle, and sine and cosine, of a half-spectrum's worth of values.
+void polarOfABlock(benchmark::State& state) {
+    SacredFft& retuner = preparedRetuner();
+    std::copy_n(testSignal().begin(), veloria::kBlockSize, retuner.fast.input.real());
+    std::copy_n(testSignal().begin() + 5000, veloria::kBlockSize, retuner.fast.input.imag());
+    for ([[maybe_unused]] auto _ : state) {
+        veloria::polarValues(retuner.fast.input.real(), retuner.fast.input.imag(), veloria::kBlockSize / 2,
+                             {retuner.fast.output.real(), retuner.fast.output.imag()}, retuner.fast.doubts,
+                             retuner.fast.moreDoubts);
+        benchmark::DoNotOptimize(retuner.fast.output.real());
+    }
+}
+BENCHMARK(polarOfABlock)->Unit(benchmark::kMicrosecond);
+
+void sinesOfABlock(benchmark::State& state) {
+    SacredFft& retuner = preparedRetuner();
+    for (std::size_t i = 0; i < veloria::kBlockSize; ++i)
+        retuner.fast.input.real()[i] = 314.0 * testSignal()[i];
+    for ([[maybe_unused]] auto _ : state) {
+        veloria::sinesAndCosines(retuner.fast.input.real(), veloria::kBlockSize / 2,
+                                 {retuner.fast.output.real(), retuner.fast.output.imag()},
+                                 retuner.fast.doubts, retuner.fast.moreDoubts);
+        benchmark::DoNotOptimize(retuner.fast.output.real());
+    }
+}
+BENCHMARK(sinesOfABlock)->Unit(benchmark::kMicrosecond);
 
 // The same transform, block after block as the textbook has it: the baseline of the one above.
 void textbookTransformOfABlock(benchmark::State& state) {

@@ -21,6 +21,8 @@ constexpr std::uint8_t kSysexContinued = 0xF7;
 constexpr std::uint8_t kMetaEndOfTrack = 0x2F;
 constexpr std::uint8_t kMetaTempo = 0x51;
 constexpr std::size_t kPairingSlots = 2048;  // 16 channels of 128 keys
+constexpr std::size_t kUsualEventBytes = 4;  // delta, status, key and velocity
+constexpr std::size_t kMaxReservedEvents = std::size_t{1} << 22;
 
 struct MidiContents {
     std::vector<TempoChange> tempos;
@@ -122,6 +124,7 @@ void readTrack(TrackWalk track, MidiContents& contents) {
 MidiContents readTracks(std::span<const std::uint8_t> bytes, std::uint32_t trackCount) {
     MidiContents contents;
     contents.tempos.push_back({0, kDefaultMicrosPerQuarter});
+    contents.events.reserve(std::min(bytes.size() / kUsualEventBytes, kMaxReservedEvents));
     std::uint64_t position = kHeaderBytes;
     for (std::uint32_t i = 0; i < trackCount; ++i) {
         if (position + kChunkHeaderBytes > bytes.size()) break;
@@ -139,13 +142,32 @@ MidiContents readTracks(std::span<const std::uint8_t> bytes, std::uint32_t track
 struct TempoState {
     double seconds;
     std::uint32_t tick;
-    std::uint32_t microsPerQuarter;
+    double secondsPerQuarter;
 };
 
+double secondsPerQuarter(std::uint32_t micros) {
+    return static_cast<double>(micros) / 1000000.0;
+}
+
 double secondsAt(const TempoState& state, std::uint32_t tick, std::uint32_t division) {
-    return state.seconds + static_cast<double>(tick - state.tick) *
-                               (static_cast<double>(state.microsPerQuarter) / 1000000.0) /
-                               static_cast<double>(division);
+    return state.seconds +
+           static_cast<double>(tick - state.tick) * state.secondsPerQuarter / static_cast<double>(division);
+}
+
+// How many entries of the map lie before `tick`, of which `guess` were before the event before. Ticks grow
+// along a track, so that the map is walked along with it; a damaged file's may jump, and are searched for.
+std::size_t entriesBefore(const std::vector<TempoChange>& tempos, std::uint32_t tick, std::size_t guess) {
+    constexpr std::size_t kMaxSteps = 4;
+    const bool grown = guess == 0 || tempos[guess - 1].tick < tick;
+    const std::size_t limit = std::min(guess + kMaxSteps, tempos.size());
+    std::size_t passed = guess;
+    while (passed < limit && tempos[passed].tick < tick)
+        ++passed;
+    if (grown && (passed == tempos.size() || tempos[passed].tick >= tick)) return passed;
+    const auto reached =
+        std::lower_bound(tempos.begin(), tempos.end(), tick,
+                         [](const TempoChange& entry, std::uint32_t at) { return entry.tick < at; });
+    return static_cast<std::size_t>(reached - tempos.begin());
 }
 
 // An event's time is the sum over the map's entries before its tick. The sums are kept for each entry, added
@@ -159,25 +181,91 @@ void setEventTimes(MidiContents& contents, std::uint32_t division) {
                      [](const TempoChange& a, const TempoChange& b) { return a.tick < b.tick; });
     std::vector<TempoState> states;
     states.reserve(tempos.size() + 1);
-    states.push_back({0.0, 0, kDefaultMicrosPerQuarter});
+    states.push_back({0.0, 0, secondsPerQuarter(kDefaultMicrosPerQuarter)});
     for (const TempoChange& entry : tempos) {
-        states.push_back(
-            {secondsAt(states.back(), entry.tick, division), entry.tick, entry.microsPerQuarter});
+        states.push_back({secondsAt(states.back(), entry.tick, division), entry.tick,
+                          secondsPerQuarter(entry.microsPerQuarter)});
     }
+    std::size_t passed = 0;
     for (MidiEvent& event : contents.events) {
-        const auto reached =
-            std::lower_bound(tempos.begin(), tempos.end(), event.tick,
-                             [](const TempoChange& entry, std::uint32_t tick) { return entry.tick < tick; });
-        const auto passed = static_cast<std::size_t>(reached - tempos.begin());
+        passed = entriesBefore(tempos, event.tick, passed);
         event.time = secondsAt(states[passed], event.tick, division);
     }
 }
 
+// Where each stretch of events in time order begins, and the end.
+std::vector<std::size_t> sortedRuns(const std::vector<MidiEvent>& events) {
+    std::vector<std::size_t> runs{0};
+    for (std::size_t i = 1; i < events.size(); ++i) {
+        if (timeBefore(events[i].time, events[i - 1].time)) runs.push_back(i);
+    }
+    runs.push_back(events.size());
+    return runs;
+}
+
+// A stable sort by time. The events are in time order along each track already: neighbouring stretches are
+// merged until one is left.
+void sortByTime(std::vector<MidiEvent>& events) {
+    const auto earlier = [](const MidiEvent& a, const MidiEvent& b) { return timeBefore(a.time, b.time); };
+    std::vector<std::size_t> runs = sortedRuns(events);
+    std::vector<MidiEvent> merged;
+    if (runs.size() > 2) merged.resize(events.size());
+    while (runs.size() > 2) {
+        std::vector<std::size_t> fewer{0};
+        for (std::size_t i = 0; i + 1 < runs.size(); i += 2) {
+            const auto at = [&events](std::size_t n) {
+                return events.begin() + static_cast<std::ptrdiff_t>(n);
+            };
+            const std::size_t middle = runs[i + 1];
+            const std::size_t end = i + 2 < runs.size() ? runs[i + 2] : middle;
+            std::merge(at(runs[i]), at(middle), at(middle), at(end),
+                       merged.begin() + static_cast<std::ptrdiff_t>(runs[i]), earlier);
+            fewer.push_back(end);
+        }
+        events.swap(merged);
+        runs.swap(fewer);
+    }
+}
+
 struct PairingSlot {
-    double onTime;
     std::int32_t velocity;  // 0: no note sounding
-    std::int32_t channel;
+    std::size_t place;      // of its note
 };
+
+// A note and the order in which its end was met.
+struct PairedNote {
+    MidiNote note;
+    std::size_t order;  // kOpen: it has none yet
+};
+constexpr std::size_t kOpen = ~std::size_t{0};
+
+// By start, and with one start in the order of the ends. Events in time order have left nothing but equal
+// starts to be sorted.
+void orderNotes(std::vector<PairedNote>& notes) {
+    const auto byStart = [](const PairedNote& a, const PairedNote& b) {
+        return timeBefore(a.note.start, b.note.start);
+    };
+    if (!std::is_sorted(notes.begin(), notes.end(), byStart))
+        std::stable_sort(notes.begin(), notes.end(), byStart);
+    const auto byOrder = [](const PairedNote& a, const PairedNote& b) { return a.order < b.order; };
+    for (auto first = notes.begin(); first != notes.end();) {
+        auto last = first + 1;
+        while (last != notes.end() && !timeBefore(first->note.start, last->note.start))
+            ++last;
+        if (last - first > 1) std::sort(first, last, byOrder);
+        first = last;
+    }
+}
+
+// The notes that have found their end.
+std::vector<MidiNote> closedNotes(const std::vector<PairedNote>& notes, std::size_t count) {
+    std::vector<MidiNote> closed;
+    closed.reserve(count);
+    for (const PairedNote& entry : notes) {
+        if (entry.order != kOpen) closed.push_back(entry.note);
+    }
+    return closed;
+}
 
 }  // namespace
 
@@ -189,8 +277,7 @@ std::vector<MidiEvent> parseMidiEvents(std::span<const std::uint8_t> bytes) {
     try {
         MidiContents contents = readTracks(bytes, trackCount);
         setEventTimes(contents, division);
-        std::stable_sort(contents.events.begin(), contents.events.end(),
-                         [](const MidiEvent& a, const MidiEvent& b) { return timeBefore(a.time, b.time); });
+        sortByTime(contents.events);
         return std::move(contents.events);
     } catch (const std::exception&) {  // no memory
         return {};
@@ -205,24 +292,29 @@ std::vector<MidiEvent> parseMidiEvents(const std::string& path) {
 
 std::vector<MidiNote> pairMidiNotes(const std::vector<MidiEvent>& events) {
     std::array<PairingSlot, kPairingSlots> slots{};
-    std::vector<MidiNote> notes;
+    // A note takes its place when it begins, so that the list is in the order of starts without a sort.
+    std::vector<PairedNote> notes;
     notes.reserve(events.size() / 2);
+    std::size_t closed = 0;
     for (const MidiEvent& event : events) {
         // A key above 127 falls into the next channel's slots, and on the last channel behind them all.
         const auto index = static_cast<std::size_t>(event.channel * 128 + event.note);
         if (index >= slots.size()) continue;
         PairingSlot& slot = slots[index];
         if (event.isNoteOn && event.velocity > 0) {
-            slot = {event.time, event.velocity, event.channel};
+            slot = {event.velocity, notes.size()};
+            const auto velocity = static_cast<float>(event.velocity / 127.0);
+            notes.push_back({{event.time, 0.0, event.note, velocity, event.channel, -1.0F}, kOpen});
         } else if (slot.velocity > 0) {
-            const auto velocity = static_cast<float>(slot.velocity / 127.0);
-            notes.push_back({slot.onTime, event.time, event.note, velocity, slot.channel, -1.0F});
+            PairedNote& entry = notes[slot.place];
+            entry.note.end = event.time;
+            entry.note.note = event.note;
+            entry.order = closed++;
             slot.velocity = 0;
         }
     }
-    std::stable_sort(notes.begin(), notes.end(),
-                     [](const MidiNote& a, const MidiNote& b) { return timeBefore(a.start, b.start); });
-    return notes;
+    orderNotes(notes);
+    return closedNotes(notes, closed);
 }
 
 double lastNoteEnd(const std::vector<MidiNote>& notes) {

@@ -8,38 +8,23 @@
 
 #include "frequency/tables.h"
 #include "frequency/tuned.h"
+#include "frequency/tuned_table.h"
 
 namespace veloria {
 
 namespace {
 
-constexpr std::int32_t kKeyCount = 128;
-
-// The switches that a key's frequency depends on.
-struct TuningSwitches {
-    std::int32_t tableChoice = -1;
-    std::int32_t mode = 0;
-    bool bassFilter = false;
-    bool sacredOptimizer = false;
-
-    bool operator==(const TuningSwitches&) const = default;
-};
-
 struct TunedKey {
-    bool known = false;
-    double frequency = 0.0;
-    std::int32_t tag = 0;
+    double frequency;
+    std::int32_t tag;
 };
 
-// The search for one key walks up to 216 x 51 candidates and may run under the audio lock, so each key is
-// searched for once for as long as the switches stay.
-struct KeyMemo {
-    TuningSwitches switches;
-    std::array<TunedKey, kKeyCount> keys{};
-};
-
-MidiTuningTable g_midiTuningTable;
-KeyMemo g_keyMemo;
+// The table of a midiTableChoice, made at its first use. Any thread.
+const TunedTable& tableOf(std::int32_t midiTableChoice) {
+    static const TunedTable avatar = makeTunedTable(buildMidiTuningTable(0).frequencies);
+    static const TunedTable shadow = makeTunedTable(buildMidiTuningTable(1).frequencies);
+    return midiTableChoice == 1 ? shadow : avatar;
+}
 
 double equalTempered(std::int32_t note) {
     return 440.0 * std::pow(2.0, (note - 69) / 12.0);
@@ -47,12 +32,12 @@ double equalTempered(std::int32_t note) {
 
 TunedKey tuneKey(const SynthEngine& engine, std::int32_t note) {
     if (engine.bassFilter) note = foldKeyForBassFilter(note);
-    if (engine.midiTuningMode != 0) return {true, 440.0, 0};
+    if (engine.midiTuningMode != 0) return {440.0, 0};
     const double raw = equalTempered(note);
-    if (!engine.sacredOptimizer) return {true, raw, 0};
+    if (!engine.sacredOptimizer) return {raw, 0};
     const TunedFrequency tuned =
-        nearestTuned(g_midiTuningTable.frequencies, foldForTuning(raw).octaves, raw, true);
-    return {true, tuned.frequency, tuned.harmonic};
+        nearestTuned(tableOf(engine.midiTableChoice), foldForTuning(raw).octaves, raw);
+    return {tuned.frequency, tuned.harmonic};
 }
 
 using FoldedFamily = std::array<double, kAvatarFamilySize>;
@@ -101,21 +86,7 @@ std::int32_t foldKeyForBassFilter(std::int32_t note) {
 }
 
 double midiToFrequency(SynthEngine& engine, std::int32_t note, std::int32_t /*channel*/) {
-    const TuningSwitches switches{engine.midiTableChoice, engine.midiTuningMode, engine.bassFilter,
-                                  engine.sacredOptimizer};
-    if (g_midiTuningTable.builtFor != switches.tableChoice) {
-        g_midiTuningTable = buildMidiTuningTable(switches.tableChoice);
-    }
-    if (g_keyMemo.switches != switches) g_keyMemo = {switches, {}};
-
-    TunedKey key;
-    if (note < 0 || note >= kKeyCount) {
-        key = tuneKey(engine, note);  // a damaged file's key: rare, not worth remembering
-    } else {
-        TunedKey& memo = g_keyMemo.keys[static_cast<std::size_t>(note)];
-        if (!memo.known) memo = tuneKey(engine, note);
-        key = memo;
-    }
+    const TunedKey key = tuneKey(engine, note);
     engine.midiTuningTag = key.tag;
     return key.frequency;
 }
@@ -141,6 +112,42 @@ bool splitPair(MidiNote& first, double firstHz, MidiNote& second, double secondH
     return true;
 }
 
+namespace {
+
+// What a key comes to while the switches stay: a file has half a million notes but 128 keys, or 256 if it is
+// damaged.
+struct PlacedKey {
+    double frequency = 0.0;
+    std::int32_t tag = 0;
+    float pan = -1.0f;  // below 0: not worked out yet
+};
+using PlacedKeys = std::array<PlacedKey, 256>;
+
+PlacedKey placeKey(SynthEngine& engine, const MidiNote& note) {
+    const double frequency = midiToFrequency(engine, note.note, note.channel);
+    return {frequency, engine.midiTuningTag, panAffinity(frequency)};
+}
+
+const PlacedKey& placedKey(SynthEngine& engine, const MidiNote& note, PlacedKeys& keys) {
+    PlacedKey& key = keys[static_cast<std::size_t>(note.note)];
+    if (key.pan < 0.0f) key = placeKey(engine, note);
+    return key;
+}
+
+// Tunes and places every note; the tag that stays is the last note's.
+void placeNotes(std::vector<MidiNote>& notes, SynthEngine& engine, std::vector<double>& hz) {
+    PlacedKeys keys{};
+    for (MidiNote& note : notes) {
+        const bool isKey = note.note >= 0 && note.note < static_cast<std::int32_t>(keys.size());
+        const PlacedKey key = isKey ? placedKey(engine, note, keys) : placeKey(engine, note);
+        engine.midiTuningTag = key.tag;
+        hz.push_back(key.frequency);
+        note.pan = key.pan;
+    }
+}
+
+}  // namespace
+
 void optimizeMidiFile(MidiFile& file, SynthEngine& engine) {
     std::vector<MidiNote>& notes = file.notes;
     if (notes.empty()) return;
@@ -151,10 +158,7 @@ void optimizeMidiFile(MidiFile& file, SynthEngine& engine) {
         notes.clear();  // no memory is a file that could not be loaded
         return;
     }
-    for (MidiNote& note : notes) {
-        hz.push_back(midiToFrequency(engine, note.note, note.channel));
-        note.pan = panAffinity(hz.back());
-    }
+    placeNotes(notes, engine, hz);
     file.binauralPairs = 0;
     for (std::size_t i = 0; i < notes.size(); ++i) {
         for (std::size_t j = i + 1; j < notes.size(); ++j) {

@@ -25,7 +25,7 @@ struct MidiTuningTable {
 [[nodiscard]] std::int32_t foldKeyForBassFilter(std::int32_t note);
 
 // The frequency of a key, in Hz, by the engine's tuning switches; writes engine.midiTuningTag. The channel
-// plays no part. Results are remembered per key until a switch changes.
+// plays no part. Keeps nothing: engines on several threads may be tuned at once.
 [[nodiscard]] double midiToFrequency(SynthEngine& engine, std::int32_t note, std::int32_t channel);
 
 // 0.0 (left) when the folded frequency (Hz) lies nearer to a Reflection frequency, 1.0 (right) when nearer to

@@ -1,29 +1,19 @@
 #include "media/mix.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 
 #include "engine/flush_denormals.h"
 #include "engine/render.h"
-#include "spectral/drain.h"
+#include "media/file_samples.h"
 
 namespace veloria {
 
 namespace {
 
-// The file's next sample, on its way into the retuner.
-float takeSample(PcmStream& pcm, SacredFft& retuner) {
-    const float sample = nextPcmSample(pcm);
-    noteIntake(retuner, pcm.playing.load(std::memory_order_relaxed));
-    return sample;
-}
-
-// The file's sound of one frame, mono, as retuned.
-float retunedSample(PcmStream& pcm, SacredFft& retuner) {
-    const RetunerSettings settings = loadSettings(retuner);
-    while (needsFeed(retuner, settings))
-        feedSample(retuner, takeSample(pcm, retuner));
-    return retuner.processSample(takeSample(pcm, retuner), settings);
-}
+// Frames that are mixed together: the retuner's settings are taken anew for each such block.
+constexpr std::size_t kMixFrames = 64;
 
 float clampToFullScale(float value) {
     return std::max(std::min(value, 1.0f), -1.0f);
@@ -43,11 +33,15 @@ void mixOutput(const MixSources& sources, const OutputGains& gains, float* out, 
     const float gainLeft = gains.synthGainLeft;
     const float gainRight = gains.synthGainRight;
     renderStereoBlock(sources.engine, out, frames);
-    for (std::size_t i = 0; i < frames; ++i, out += 2) {
-        const float file = retunedSample(sources.pcm, sources.retuner);
-        out[0] = clampToFullScale((out[0] * gainLeft + file) * master);
-        out[1] = clampToFullScale((out[1] * gainRight + file) * master);
-        if (scope != nullptr) feedScope(*scope, (out[0] + out[1]) * 0.5f);
+    std::array<float, kMixFrames> file;
+    for (std::size_t done = 0; done < frames; done += kMixFrames) {
+        const std::size_t count = std::min(kMixFrames, frames - done);
+        nextFileSamples(sources.pcm, sources.retuner, std::span(file).first(count));
+        for (std::size_t i = 0; i < count; ++i, out += 2) {
+            out[0] = clampToFullScale((out[0] * gainLeft + file[i]) * master);
+            out[1] = clampToFullScale((out[1] * gainRight + file[i]) * master);
+            if (scope != nullptr) feedScope(*scope, (out[0] + out[1]) * 0.5f);
+        }
     }
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 #include <exception>
+#include <limits>
 
 #define MINIMP3_FLOAT_OUTPUT
 #include <minimp3.h>
@@ -18,35 +19,44 @@ namespace {
 // at most, so a search that found nothing in one window goes on this much before its end.
 constexpr std::size_t kWindowBytes = std::size_t{1} << 20;
 constexpr std::size_t kSearchOverlap = std::size_t{1} << 14;
-constexpr std::size_t kMaxReservedSamples = std::size_t{1} << 22;
+constexpr std::size_t kMaxReservedSamples = std::size_t{1} << 25;
 
-// The mean of the channels of each frame in `pcm`; 0 where damage has made a value that is no number.
-void appendMeans(std::span<const float> pcm, int channels, std::vector<float>& samples) {
-    const auto step = static_cast<std::size_t>(channels);
-    for (std::size_t frame = 0; frame + step <= pcm.size(); frame += step) {
-        float sum = 0.0F;
-        for (std::size_t channel = 0; channel < step; ++channel)
-            sum += pcm[frame + channel];
-        const float mean = sum / static_cast<float>(channels);
-        samples.push_back(std::isfinite(mean) ? mean : 0.0F);
+using FramePcm = std::array<float, MINIMP3_MAX_SAMPLES_PER_FRAME>;
+
+// The mean of one or two channels of each of `count` frames, in place; 0 where damage has made a value that
+// is no number. The sum of a single value and 0 is taken as well: a negative 0 becomes a positive one.
+void takeMeans(FramePcm& pcm, std::size_t count, int channels) {
+    constexpr float kLargest = std::numeric_limits<float>::max();
+    const auto finite = [](float value) { return std::fabs(value) <= kLargest ? value : 0.0F; };
+    if (channels == 2) {
+        for (std::size_t i = 0; i < count; ++i)
+            pcm[i] = finite((pcm[2 * i] + pcm[2 * i + 1]) / 2.0F + 0.0F);
+    } else {
+        for (std::size_t i = 0; i < count; ++i)
+            pcm[i] = finite(pcm[i] + 0.0F);
     }
 }
 
 DecodedAudio decodeFrames(std::span<const std::uint8_t> bytes) {
     DecodedAudio audio;
-    audio.samples.reserve(std::min(bytes.size() * 4, kMaxReservedSamples));
     mp3dec_t decoder{};
     mp3dec_init(&decoder);
-    std::array<float, MINIMP3_MAX_SAMPLES_PER_FRAME> pcm{};
+    FramePcm pcm{};
     while (!bytes.empty()) {
         mp3dec_frame_info_t info{};
         const int window = static_cast<int>(std::min(bytes.size(), kWindowBytes));
         const int count = mp3dec_decode_frame(&decoder, bytes.data(), window, pcm.data(), &info);
         if (info.frame_bytes <= 0) break;
         if (count > 0) {
-            if (audio.samples.empty()) audio.rate = static_cast<std::uint32_t>(info.hz);
-            const auto values = static_cast<std::size_t>(count) * static_cast<std::size_t>(info.channels);
-            appendMeans(std::span<const float>(pcm).first(values), info.channels, audio.samples);
+            const auto frames = static_cast<std::size_t>(count);
+            if (audio.samples.empty()) {
+                audio.rate = static_cast<std::uint32_t>(info.hz);
+                // As many as there are if all frames are like the first.
+                const std::size_t alike = bytes.size() / static_cast<std::size_t>(info.frame_bytes) + 1;
+                audio.samples.reserve(std::min(alike * frames, kMaxReservedSamples));
+            }
+            takeMeans(pcm, frames, info.channels);
+            audio.samples.insert(audio.samples.end(), pcm.begin(), pcm.begin() + count);
         }
         auto used = static_cast<std::size_t>(info.frame_bytes);
         const bool noFrameInWindow = info.hz == 0;

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "frequency/tuned.h"
+#include "frequency/tuned_table.h"
 
 namespace veloria {
 
@@ -38,13 +39,13 @@ std::vector<double> retunerFrequencies() {
 }
 
 void fillBinTables(SacredFft& retuner) {
-    const std::vector<double> list = retunerFrequencies();
+    const TunedTable table = makeTunedTable(retunerFrequencies());
     retuner.binTarget[0] = 0;
     retuner.binTargetHz[0] = 0.0;
     retuner.binHarmonic[0] = 0;
     for (std::size_t k = 1; k < kBinCount; ++k) {
         const double hz = static_cast<double>(k) * kBinWidthHz;
-        const TunedFrequency tuned = nearestTuned(list, foldForTuning(hz).octaves, hz, true);
+        const TunedFrequency tuned = nearestTuned(table, foldForTuning(hz).octaves, hz);
         retuner.binTarget[k] = nearestBin(tuned.frequency);
         retuner.binTargetHz[k] = tuned.frequency;
         retuner.binHarmonic[k] = tuned.harmonic;

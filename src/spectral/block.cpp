@@ -9,13 +9,6 @@
 
 namespace veloria {
 
-namespace {
-
-// The squared window adds up to 1.5 where four blocks overlap.
-constexpr float kUnityGain = 0.6666667f;
-
-}  // namespace
-
 float takeOutput(SacredFft& retuner) {
     float& place = retuner.outputRing[static_cast<std::size_t>(retuner.outputRead)];
     const float sample = place;
@@ -75,6 +68,88 @@ void ProcessBlock(SacredFft& retuner, const RetunerSettings& settings) {
     if (mixed) mixSpectrum(retuner, strength);
     inverseTransform(retuner.spectrum);
     overlapAdd(retuner);
+}
+
+float processSpectral(SacredFft& retuner, float sample, const RetunerSettings& settings,
+                      BlockStep makeBlock) {
+    constexpr auto kFull = static_cast<std::int32_t>(kBlockSize);
+    constexpr auto kHop = static_cast<std::int32_t>(kHopSize);
+    retuner.inputRing[static_cast<std::size_t>(retuner.inputPos)] = sample;
+    retuner.inputPos = (retuner.inputPos + 1) % kFull;
+    if (retuner.fillCount < kFull) {
+        ++retuner.fillCount;
+        if (retuner.fillCount == kFull) {
+            makeBlock(retuner, settings);
+            retuner.hopCount = 0;
+        }
+        return 0.0f;
+    }
+    const float out = takeOutput(retuner);
+    ++retuner.hopCount;
+    if (retuner.hopCount >= kHop) {
+        makeBlock(retuner, settings);
+        retuner.hopCount = 0;
+    }
+    return out;
+}
+
+namespace {
+
+// Calls run(first, count, place) for each straight part of `count` places of a ring of `size` from `place`
+// on.
+template <class Run>
+void forRing(std::size_t place, std::size_t size, std::size_t count, Run run) {
+    const std::size_t straight = std::min(count, size - place);
+    run(std::size_t{0}, straight, place);
+    if (straight < count) run(straight, count - straight, std::size_t{0});
+}
+
+void takeIn(SacredFft& retuner, std::span<const float> samples) {
+    const auto place = static_cast<std::size_t>(retuner.inputPos);
+    forRing(place, kBlockSize, samples.size(), [&](std::size_t first, std::size_t count, std::size_t at) {
+        std::copy_n(samples.begin() + static_cast<std::ptrdiff_t>(first), count,
+                    retuner.inputRing.begin() + static_cast<std::ptrdiff_t>(at));
+    });
+    retuner.inputPos = static_cast<std::int32_t>((place + samples.size()) % kBlockSize);
+}
+
+void giveOut(SacredFft& retuner, std::span<float> samples) {
+    const auto place = static_cast<std::size_t>(retuner.outputRead);
+    forRing(place, kOutputRingSize, samples.size(),
+            [&](std::size_t first, std::size_t count, std::size_t at) {
+                float* ring = retuner.outputRing.data() + at;
+                std::copy_n(ring, count, samples.begin() + static_cast<std::ptrdiff_t>(first));
+                std::fill_n(ring, count, 0.0f);
+            });
+    retuner.outputRead = static_cast<std::int32_t>((place + samples.size()) % kOutputRingSize);
+}
+
+}  // namespace
+
+void processSpectralRun(SacredFft& retuner, std::span<float> samples, const RetunerSettings& settings,
+                        BlockStep makeBlock) {
+    constexpr auto kFull = static_cast<std::int32_t>(kBlockSize);
+    constexpr auto kHop = static_cast<std::int32_t>(kHopSize);
+    while (!samples.empty()) {
+        const bool filling = retuner.fillCount < kFull;
+        std::int32_t& done = filling ? retuner.fillCount : retuner.hopCount;
+        const std::int32_t due = filling ? kFull : kHop;
+        // At least one: a count beyond its bound makes its block with the next sample.
+        const auto left = static_cast<std::size_t>(std::max(due - done, 1));
+        const std::span<float> run = samples.first(std::min(left, samples.size()));
+        takeIn(retuner, run);
+        if (filling) {
+            std::fill(run.begin(), run.end(), 0.0f);
+        } else {
+            giveOut(retuner, run);
+        }
+        done += static_cast<std::int32_t>(run.size());
+        if (done >= due) {
+            makeBlock(retuner, settings);
+            retuner.hopCount = 0;
+        }
+        samples = samples.subspan(run.size());
+    }
 }
 
 }  // namespace veloria

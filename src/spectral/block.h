@@ -1,9 +1,27 @@
-// Modes 1 and 2: one block from the input ring through the transform to the output ring. Audio thread.
+// Modes 1 and 2: one block from the input ring through the transform to the output ring, step by step. It is
+// the definition and the reference; what runs is processBlockFast. Audio thread.
 #pragma once
+
+#include <span>
 
 #include "spectral/sacred_fft.h"
 
 namespace veloria {
+
+// The squared window adds up to 1.5 where four blocks overlap.
+inline constexpr float kUnityGain = 0.6666667f;
+
+// A function that makes one block: ProcessBlock, or one that gives the same.
+using BlockStep = void (*)(SacredFft& retuner, const RetunerSettings& settings);
+
+// One sample through modes 1 and 2, with `makeBlock` for the blocks: the first is made when the input ring is
+// full, the next after every hop.
+[[nodiscard]] float processSpectral(SacredFft& retuner, float sample, const RetunerSettings& settings,
+                                    BlockStep makeBlock);
+
+// The same for many samples in place, by runs up to the next block.
+void processSpectralRun(SacredFft& retuner, std::span<float> samples, const RetunerSettings& settings,
+                        BlockStep makeBlock);
 
 // The sample at the read position of the output ring; its place becomes empty and the position moves on.
 [[nodiscard]] float takeOutput(SacredFft& retuner);

@@ -36,13 +36,13 @@ bool holdsFile(const SacredFft& retuner) {
 
 }  // namespace
 
-void noteIntake(SacredFft& retuner, bool ofFile) {
-    if (ofFile) {
+void noteIntake(SacredFft& retuner, std::size_t ofFile, std::size_t ofSilence) {
+    if (ofFile > 0) {
         retuner.sinceFile = 0;
         retuner.timeFileEnd = retuner.timeWrite + 1;
-    } else if (holdsFile(retuner)) {
-        ++retuner.sinceFile;
     }
+    const std::size_t since = retuner.sinceFile + ofSilence;
+    retuner.sinceFile = static_cast<std::uint32_t>(std::min<std::size_t>(since, kNothingOfFile));
 }
 
 std::uint32_t framesToCome(const SacredFft& retuner, const RetunerSettings& settings) {

@@ -1,6 +1,7 @@
 // What the retuner still holds of a file that has been fed to its end.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "spectral/sacred_fft.h"
@@ -10,8 +11,9 @@ namespace veloria {
 // More than framesToCome ever says: the ring of mode 3, read at the lowest ratio.
 inline constexpr std::uint32_t kMostFramesToCome = kTimeRingSize + kTimeRingSize / 8;
 
-// Tells whether the sample that is handed over next is of a file or the silence behind one. Audio thread.
-void noteIntake(SacredFft& retuner, bool ofFile);
+// Tells what is handed over next: so many samples of a file, then so many of the silence behind one. In mode
+// 3, whose ring counts what it takes, one sample at a time. Audio thread.
+void noteIntake(SacredFft& retuner, std::size_t ofFile, std::size_t ofSilence);
 
 // Output frames that still bring something of the file when no more of it goes in, 0 to kMostFramesToCome: in
 // modes 1 and 2 the way through the blocks, in mode 3 what the reading lags. Rounded up, by less than a hop

@@ -4,45 +4,31 @@
 
 #include "spectral/bin_tables.h"
 #include "spectral/block.h"
+#include "spectral/fast_block.h"
 #include "spectral/time_domain.h"
+#include "spectral/twiddles.h"
 
 namespace veloria {
 
-namespace {
-
-// The short-time path: the first block is made when the input ring is full, the next after every hop.
-float processSpectral(SacredFft& retuner, float sample, const RetunerSettings& settings) {
-    constexpr auto kFull = static_cast<std::int32_t>(kBlockSize);
-    constexpr auto kHop = static_cast<std::int32_t>(kHopSize);
-    retuner.inputRing[static_cast<std::size_t>(retuner.inputPos)] = sample;
-    retuner.inputPos = (retuner.inputPos + 1) % kFull;
-    if (retuner.fillCount < kFull) {
-        ++retuner.fillCount;
-        if (retuner.fillCount == kFull) {
-            ProcessBlock(retuner, settings);
-            retuner.hopCount = 0;
-        }
-        return 0.0f;
-    }
-    const float out = takeOutput(retuner);
-    ++retuner.hopCount;
-    if (retuner.hopCount >= kHop) {
-        ProcessBlock(retuner, settings);
-        retuner.hopCount = 0;
-    }
-    return out;
-}
-
-}  // namespace
-
 void SacredFft::Init() {
+    static_cast<void>(transformTables());
     fillBinTables(*this);
 }
 
 float SacredFft::processSample(float sample, const RetunerSettings& settings) {
     if (settings.mode == kModeOff) return sample;
     if (settings.mode == kModeSolfeggio) return processTimeDomain(*this, sample, settings);
-    return processSpectral(*this, sample, settings);
+    return processSpectral(*this, sample, settings, processBlockFast);
+}
+
+void SacredFft::processSamples(std::span<float> samples, const RetunerSettings& settings) {
+    if (settings.mode == kModeOff) return;
+    if (settings.mode == kModeSolfeggio) {
+        for (float& sample : samples)
+            sample = processTimeDomain(*this, sample, settings);
+        return;
+    }
+    processSpectralRun(*this, samples, settings, processBlockFast);
 }
 
 float SacredFft::processSample(float sample) {

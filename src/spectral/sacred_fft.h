@@ -10,6 +10,8 @@
 #include <complex>
 #include <cstddef>
 #include <cstdint>
+#include <span>
+#include <utility>
 
 #include "frequency/tables.h"
 
@@ -59,7 +61,37 @@ struct BlockScratch {
     std::array<double, kBinCount> shiftedMag{};  // magnitudes of `shifted`, for the table of peaks
 };
 
-// About 670 KB, meant for static storage. Threads: `mode`, `strength` and `targetIndex` may be stored and
+// Complex values, their real and imaginary parts apart: what the vectorised transform works on. Both begin at
+// a line of the cache wherever the object lies, and the gap keeps them from falling on the same lines.
+struct TransformBuffer {
+    static constexpr std::size_t kGap = 64;
+    static constexpr std::size_t kLineBytes = 64;
+    std::array<double, 2 * kBlockSize + kGap + kLineBytes / sizeof(double)> values{};
+
+    [[nodiscard]] const double* real() const {
+        const auto past = reinterpret_cast<std::uintptr_t>(values.data()) % kLineBytes;
+        return values.data() + (kLineBytes - past) % kLineBytes / sizeof(double);
+    }
+    [[nodiscard]] const double* imag() const { return real() + kBlockSize + kGap; }
+    [[nodiscard]] double* real() { return const_cast<double*>(std::as_const(*this).real()); }
+    [[nodiscard]] double* imag() { return const_cast<double*>(std::as_const(*this).imag()); }
+};
+
+// The lanes for which the vectorised functions ask the C library, a bit each and a byte for every vector.
+// They are noted first and asked for together: the library's functions run faster one behind the other than
+// between two vectors.
+using DoubtBits = std::array<std::uint8_t, kBlockSize / 2 + 8>;
+
+// Scratch of one block of the running stage, beside that of the literal one.
+struct FastScratch {
+    TransformBuffer input;   // what a transform is made of
+    TransformBuffer output;  // what it gives
+    DoubtBits doubts{}, moreDoubts{};
+    std::array<double, kBinCount> phase{};           // of the block's bins, radians
+    std::array<std::int32_t, kBinCount> peakBins{};  // bins of the retuned spectrum's peaks, ascending
+};
+
+// About 850 KB, meant for static storage. Threads: `mode`, `strength` and `targetIndex` may be stored and
 // loaded anywhere at any time; the tables are filled before a mode other than 0 is chosen and only read from
 // then on; all else belongs to the audio thread, and the main thread touches it only while the callback is
 // excluded (audio lock held or device paused), where it takes a report() and ResetStreams().
@@ -96,8 +128,10 @@ struct SacredFft {
     std::atomic<std::int32_t> peaksFound{0};                    // peaks in the last block of mode 2
     float maxMagnitude = 0.0f;                                  // largest in the last block of mode 2
     BlockScratch scratch;
+    FastScratch fast;
 
-    // Fills the bin tables from the 342 frequencies; takes some 25 ms. Main thread, at start-up.
+    // Fills the bin tables from the 342 frequencies and makes the transform's; takes a few milliseconds. Main
+    // thread, at start-up.
     void Init();
 
     // One sample through the retuner, with the settings of its frame. Audio thread.
@@ -105,6 +139,10 @@ struct SacredFft {
 
     // The same with the settings of this moment.
     float processSample(float sample);
+
+    // Puts every sample through, in place, with the settings of their block: what processSample gives for one
+    // after the other, at a copy's cost in mode 0 and between the blocks of modes 1 and 2. Audio thread.
+    void processSamples(std::span<float> samples, const RetunerSettings& settings);
 
     // Chooses a mode; does nothing if it is the mode already. Leaving mode 0 clears the streams, so the
     // caller holds the audio lock. Both the buttons and the selector, whose mode is 3, choose by this; only

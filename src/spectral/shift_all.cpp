@@ -1,6 +1,7 @@
 #include "spectral/shift_all.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <numbers>
 
 #include "spectral/collect_peaks.h"
@@ -10,9 +11,6 @@ namespace veloria {
 namespace {
 
 constexpr double kTwoPi = 2.0 * std::numbers::pi;
-constexpr double kPhaseLimit = 314.1592653589793;  // 100 pi
-constexpr double kSilentSum = 1e-15;
-constexpr double kLeastTrueBin = 1e-6;
 constexpr std::int32_t kNoSource = -1;
 
 }  // namespace
@@ -47,6 +45,31 @@ ShiftTally gatherBins(SacredFft& retuner) {
         if (t != k) countShift(tally, k, t);
     }
     return tally;
+}
+
+void gatherMeasured(SacredFft& retuner) {
+    BlockScratch& scratch = retuner.scratch;
+    scratch.sum.fill(0.0);
+    scratch.strongest.fill(0.0);
+    scratch.source.fill(kNoSource);
+    std::int32_t distance = 0;
+    std::int32_t moved = 0;
+    for (std::int32_t k = 1; k < static_cast<std::int32_t>(kBinCount); ++k) {
+        const std::int32_t away = std::abs(retuner.binTarget[static_cast<std::size_t>(k)] - k);
+        distance += away;
+        moved += away != 0 ? 1 : 0;
+    }
+    for (std::size_t k = 1; k < kBinCount; ++k) {
+        const double magnitude = scratch.magnitudes[k];
+        const std::size_t t = targetOf(retuner, k);
+        const bool stronger = magnitude > scratch.strongest[t];
+        scratch.sum[t] += magnitude;
+        // Chosen and not branched to: which bin is the stronger follows no pattern.
+        scratch.strongest[t] = stronger ? magnitude : scratch.strongest[t];
+        scratch.source[t] = stronger ? static_cast<std::int32_t>(k) : scratch.source[t];
+    }
+    // Whole multiples of the bin width are exact in a double, so their sum does not hang on its order.
+    publishShift(retuner, {distance * kBinWidthHz, moved});
 }
 
 void advanceSynthPhase(SacredFft& retuner, std::size_t t) {

@@ -6,6 +6,10 @@
 
 namespace veloria {
 
+inline constexpr double kPhaseLimit = 314.1592653589793;  // 100 pi: a running phase is reduced above it
+inline constexpr double kSilentSum = 1e-15;               // a target bin below it is silent
+inline constexpr double kLeastTrueBin = 1e-6;             // a true bin up to it is not scaled
+
 // Retunes the half-spectrum in `spectrum`; `shifted`, the statistics and the peaks follow.
 void ShiftAllBins(SacredFft& retuner);
 
@@ -21,6 +25,9 @@ void clearGathering(SacredFft& retuner);
 // Adds the magnitude of every bin to its target bin, which remembers the strongest bin that it took, of equal
 // ones the lowest.
 [[nodiscard]] ShiftTally gatherBins(SacredFft& retuner);
+
+// gatherBins and publishShift once `scratch.magnitudes` and `scratch.trueBin` are known.
+void gatherMeasured(SacredFft& retuner);
 
 // Moves the phase of target bin `t` on by one hop at the frequency of its strongest bin, scaled to the
 // target.

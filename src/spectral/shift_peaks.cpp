@@ -9,7 +9,6 @@ namespace veloria {
 
 namespace {
 
-constexpr double kThreshold = 0.01;   // of the largest magnitude
 constexpr std::ptrdiff_t kReach = 3;  // bins that move with a peak on either side
 
 // Bin 0 never moves: a place counts only within 1 to 2048.
@@ -40,13 +39,23 @@ void findPeaks(SacredFft& retuner, double threshold) {
             scratch.peakBins[scratch.peakBinCount++] = static_cast<std::int32_t>(k);
         }
     }
-    retuner.peaksFound.store(static_cast<std::int32_t>(scratch.peakBinCount), std::memory_order_relaxed);
+    publishPeakCount(retuner);
+}
+
+double movingThreshold(double largest) {
+    return 0.01 * largest;
+}
+
+void publishPeakCount(SacredFft& retuner) {
+    const auto count = static_cast<std::int32_t>(retuner.scratch.peakBinCount);
+    retuner.peaksFound.store(count, std::memory_order_relaxed);
 }
 
 void startFromInput(SacredFft& retuner) {
     retuner.scratch.newMag = retuner.scratch.magnitudes;
-    std::transform(retuner.spectrum.begin(), retuner.spectrum.begin() + kBinCount,
-                   retuner.scratch.newPhase.begin(), phaseOf);
+    std::transform(retuner.spectrum.begin(), retuner.spectrum.begin() + kBinCount, retuner.fast.phase.begin(),
+                   phaseOf);
+    retuner.scratch.newPhase = retuner.fast.phase;
 }
 
 void clearMovingPeaks(SacredFft& retuner) {
@@ -58,7 +67,7 @@ void clearMovingPeaks(SacredFft& retuner) {
     }
 }
 
-void movePeak(SacredFft& retuner, std::size_t p, std::size_t t) {
+void movePeak(SacredFft& retuner, std::size_t p, std::size_t t, const std::array<double, kBinCount>& phases) {
     BlockScratch& scratch = retuner.scratch;
     for (std::ptrdiff_t d = -kReach; d <= kReach; ++d) {
         const std::ptrdiff_t source = static_cast<std::ptrdiff_t>(p) + d;
@@ -67,18 +76,18 @@ void movePeak(SacredFft& retuner, std::size_t p, std::size_t t) {
         const auto from = static_cast<std::size_t>(source);
         const auto to = static_cast<std::size_t>(target);
         const double magnitude = scratch.magnitudes[from];
-        if (magnitude > scratch.newMag[to]) scratch.newPhase[to] = phaseOf(retuner.spectrum[from]);
+        if (magnitude > scratch.newMag[to]) scratch.newPhase[to] = phases[from];
         scratch.newMag[to] += magnitude;
     }
 }
 
-ShiftTally movePeaks(SacredFft& retuner) {
+ShiftTally movePeaks(SacredFft& retuner, const std::array<double, kBinCount>& phases) {
     ShiftTally tally;
     for (const std::int32_t peak : foundPeaks(retuner)) {
         const auto p = static_cast<std::size_t>(peak);
         const std::size_t t = targetOf(retuner, p);
         if (t == p) continue;
-        movePeak(retuner, p, t);
+        movePeak(retuner, p, t, phases);
         countShift(tally, p, t);
     }
     return tally;
@@ -91,10 +100,10 @@ void synthesisePeaks(SacredFft& retuner) {
 
 void ShiftPeaks(SacredFft& retuner) {
     const double largest = measureMagnitudes(retuner);
-    findPeaks(retuner, kThreshold * largest);
+    findPeaks(retuner, movingThreshold(largest));
     startFromInput(retuner);
     clearMovingPeaks(retuner);
-    publishShift(retuner, movePeaks(retuner));
+    publishShift(retuner, movePeaks(retuner, retuner.fast.phase));
     synthesisePeaks(retuner);
     CollectPeaks(retuner);
     restoreSpectrum(retuner);

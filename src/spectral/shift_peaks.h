@@ -23,12 +23,19 @@ void startFromInput(SacredFft& retuner);
 // Empties the places that the moving peaks leave.
 void clearMovingPeaks(SacredFft& retuner);
 
+// What a peak has to exceed to be moved, of the largest magnitude.
+[[nodiscard]] double movingThreshold(double largest);
+
+// Stores `peaksFound`.
+void publishPeakCount(SacredFft& retuner);
+
 // Adds peak `p` and its neighbours to their new places around bin `t`. Where two peaks meet, magnitudes add
 // up and the phase of the stronger side stays.
-void movePeak(SacredFft& retuner, std::size_t p, std::size_t t);
+// `phases` are those of the bins before anything moved, radians.
+void movePeak(SacredFft& retuner, std::size_t p, std::size_t t, const std::array<double, kBinCount>& phases);
 
 // Moves every peak whose target is another bin.
-[[nodiscard]] ShiftTally movePeaks(SacredFft& retuner);
+[[nodiscard]] ShiftTally movePeaks(SacredFft& retuner, const std::array<double, kBinCount>& phases);
 
 // `shifted` from `newMag` and `newPhase`.
 void synthesisePeaks(SacredFft& retuner);

@@ -36,13 +36,18 @@ inline void butterfly(Complex& low, Complex& high, Complex twiddle) {
     low += turned;
 }
 
+// By what a stage over blocks of `length` multiplies its twiddle at each step.
+Complex stageStep(std::size_t length) {
+    const double angle = -2.0 * std::numbers::pi / static_cast<double>(length);
+    return {std::cos(angle), std::sin(angle)};
+}
+
 // One stage over blocks of `length`. Every block runs through the same twiddles, so a few blocks are taken
 // together: the recurrence, whose steps wait for each other, then costs once for all of them, and the values
 // are those of block after block. More than a few would step through the cache in large powers of two.
 void runStage(std::span<Complex> values, std::size_t length) {
     constexpr std::size_t kMaxBlocks = 4;
-    const double angle = -2.0 * std::numbers::pi / static_cast<double>(length);
-    const Complex step{std::cos(angle), std::sin(angle)};
+    const Complex step = stageStep(length);
     const std::size_t half = length / 2;
     const std::size_t together = std::min(kMaxBlocks, values.size() / length) * length;
     for (std::size_t first = 0; first < values.size(); first += together) {
@@ -57,6 +62,17 @@ void runStage(std::span<Complex> values, std::size_t length) {
 }
 
 }  // namespace
+
+std::vector<Complex> stageTwiddles(std::size_t length) {
+    const Complex step = stageStep(length);
+    std::vector<Complex> twiddles(length / 2);
+    Complex twiddle{1.0, 0.0};
+    for (Complex& entry : twiddles) {
+        entry = twiddle;
+        twiddle = product(twiddle, step);
+    }
+    return twiddles;
+}
 
 void forwardTransform(std::span<Complex> values) {
     permuteByReversedBits(values);

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <complex>
+#include <cstddef>
 #include <span>
+#include <vector>
 
 namespace veloria {
 
@@ -13,5 +15,8 @@ void forwardTransform(std::span<std::complex<double>> values);
 
 // The inverse of the above, scaled by 1 / N: forward and inverse together give the values back.
 void inverseTransform(std::span<std::complex<double>> values);
+
+// The twiddles that the stage over blocks of `length` carries along, in its order: half as many as `length`.
+[[nodiscard]] std::vector<std::complex<double>> stageTwiddles(std::size_t length);
 
 }  // namespace veloria

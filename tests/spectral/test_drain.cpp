@@ -31,7 +31,7 @@ float frame(SacredFft& retuner, fixture::FilePlayer& file) {
     const RetunerSettings settings = loadSettings(retuner);
     const auto take = [&] {
         const float sample = file.next();
-        noteIntake(retuner, file.playing);
+        noteIntake(retuner, file.playing ? 1 : 0, file.playing ? 0 : 1);
         return sample;
     };
     while (needsFeed(retuner, settings))
