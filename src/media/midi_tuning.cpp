@@ -38,8 +38,9 @@ struct KeyMemo {
     std::array<TunedKey, kKeyCount> keys{};
 };
 
-MidiTuningTable g_midiTuningTable;
-KeyMemo g_keyMemo;
+// Only what was found already, so each thread may find it for itself: files are tuned side by side.
+thread_local MidiTuningTable g_midiTuningTable;
+thread_local KeyMemo g_keyMemo;
 
 double equalTempered(std::int32_t note) {
     return 440.0 * std::pow(2.0, (note - 69) / 12.0);
