@@ -5,9 +5,9 @@
 #include <cmath>
 #include <string_view>
 
+#include "base/fixed_text.h"
 #include "cli/option_values.h"
 #include "engine/synth_engine.h"
-#include "frequency/fixed_text.h"
 #include "media/wav_writer.h"
 
 namespace veloria::cli {

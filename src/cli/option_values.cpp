@@ -4,7 +4,7 @@
 #include <charconv>
 #include <limits>
 
-#include "frequency/fixed_text.h"
+#include "base/fixed_text.h"
 
 namespace veloria::cli {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "engine/relaxed.h"
+#include "base/relaxed.h"
 #include "engine/voice.h"
 #include "frequency/tables.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/fixed_text.h"
 #include "base/whole_file.h"
-#include "frequency/fixed_text.h"
 
 namespace veloria {
 

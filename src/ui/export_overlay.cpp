@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
+#include "base/format.h"
+#include "toolkit/color.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
+#include "toolkit/widgets.h"
 #include "ui/input_steps.h"
-#include "ui/toolkit/color.h"
-#include "ui/toolkit/format.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
-#include "ui/toolkit/widgets.h"
 
 namespace veloria {
 
