@@ -20,7 +20,7 @@ build_packages=(
 )
 test_packages=(
   libgtest-dev libbenchmark-dev libpng-dev clang-format g++-mingw-w64-x86-64 clang libclang-rt-14-dev
-  xdotool openbox x11-utils imagemagick dbus-x11 python3-minimal adwaita-icon-theme librsvg2-common
+  xdotool openbox x11-utils imagemagick dbus-x11 python3-minimal adwaita-icon-theme librsvg2-common parallel
 )
 
 packages=("${build_packages[@]}")

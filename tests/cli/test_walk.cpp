@@ -195,5 +195,13 @@ TEST_F(Walk, AnOutputThatCannotBeWrittenIsOneLineAndStatusOne) {
     EXPECT_EQ(result.err, "veloria-cli: no/such/out.wav: cannot be written\n");
 }
 
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST_F(Walk, ALongOneNeedsNoMoreMemoryThanAShortOne) {
+    // 200 s of sound are 35 MB; the program itself takes less than 15.
+    const std::string command = "ulimit -v 30000; exec '" VELORIA_CLI "' walk 200 /dev/null";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+}
+#endif
+
 }  // namespace
 }  // namespace veloria

@@ -9,7 +9,6 @@
 #include "base/whole_file.h"
 #include "frequency/tables.h"
 #include "platform/dialogs.h"
-#include "platform/files.h"
 #include "views/scene/geometry/fold.h"
 #include "views/scene/geometry/kathara_geometry.h"
 
