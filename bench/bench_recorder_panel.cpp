@@ -8,11 +8,11 @@
 #include <cstdint>
 #include <memory>
 
+#include "base/format.h"
 #include "recorder/clips.h"
-#include "recorder/panel.h"
 #include "recorder/playback.h"
-#include "ui/toolkit/format.h"
-#include "ui/toolkit/text_cache.h"
+#include "recorder_panel/panel.h"
+#include "toolkit/text_cache.h"
 
 namespace {
 

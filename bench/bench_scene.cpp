@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "frequency/tables.h"
-#include "ui/toolkit/text_cache.h"
-#include "views/scene_draw.h"
+#include "toolkit/text_cache.h"
+#include "views/scene/scene_draw.h"
 
 namespace {
 

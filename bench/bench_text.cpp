@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "ui/toolkit/format.h"
-#include "ui/toolkit/text.h"
-#include "ui/toolkit/text_cache.h"
+#include "base/format.h"
+#include "toolkit/text.h"
+#include "toolkit/text_cache.h"
 
 namespace {
 

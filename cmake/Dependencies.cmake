@@ -5,6 +5,12 @@ find_package(Threads REQUIRED)
 pkg_check_modules(SDL2 REQUIRED IMPORTED_TARGET sdl2>=2.26)
 pkg_check_modules(HWY REQUIRED IMPORTED_TARGET libhwy)
 pkg_check_modules(SDL2TTF REQUIRED IMPORTED_TARGET SDL2_ttf)
+# SDL's main header brings in every vector intrinsic of the processor, which nothing here takes from it: leaving them
+# out saves a third of a second for each file that draws.
+foreach(library IN ITEMS PkgConfig::SDL2 PkgConfig::SDL2TTF)
+  target_compile_definitions(${library} INTERFACE SDL_DISABLE_MMINTRIN_H SDL_DISABLE_XMMINTRIN_H
+    SDL_DISABLE_EMMINTRIN_H SDL_DISABLE_PMMINTRIN_H SDL_DISABLE_IMMINTRIN_H)
+endforeach()
 if(NOT WIN32)
   pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
   pkg_check_modules(GSTREAMER REQUIRED IMPORTED_TARGET gstreamer-1.0)

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <span>
 
-#include "views/vitruvian_assets.h"
+#include "views/scene/vitruvian_assets.h"
 
 namespace {
 

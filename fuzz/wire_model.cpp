@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <span>
 
-#include "../tests/views/literal_wire.h"
-#include "views/wire_model.h"
+#include "../tests/views/scene/geometry/literal_wire.h"
+#include "views/scene/geometry/wire_model.h"
 
 namespace {
 

@@ -12,4 +12,4 @@ say "building the $preset preset in build/$preset"
 cmake --preset "$preset" -DVELORIA_TESTS=ON
 cmake --build --preset "$preset"
 say "running all tests"
-ctest --preset "$preset" --output-on-failure
+ctest --preset "$preset" --output-on-failure -j "$(nproc)"

@@ -1,3 +1,5 @@
+# shellcheck shell=bash disable=SC2154
+# (`window` and `found` go between this file and the scripts that source it.)
 # A desktop of one's own for scripts that play the user: a virtual display, no settings and no session of the real
 # user's, and helpers that wait for what they need instead of sleeping. To be sourced.
 

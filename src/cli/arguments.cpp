@@ -8,8 +8,8 @@
 #include <span>
 #include <string_view>
 
+#include "base/fixed_text.h"
 #include "engine/synth_engine.h"
-#include "frequency/fixed_text.h"
 #include "frequency/tables.h"
 #include "media/wav_writer.h"
 #include "spectral/sacred_fft.h"

@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
+#include "base/fixed_text.h"
 #include "cli/session.h"
-#include "frequency/fixed_text.h"
 #include "frequency/ratio_table.h"
 #include "media/midi_tuning.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "cli/output.h"
-#include "views/obj_export.h"
+#include "views/scene/geometry/obj_export.h"
 
 namespace veloria::cli {
 

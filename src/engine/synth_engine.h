@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/relaxed.h"
 #include "engine/partial_table.h"
-#include "engine/relaxed.h"
 #include "engine/voice.h"
 #include "frequency/tables.h"
 

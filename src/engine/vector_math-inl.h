@@ -7,6 +7,7 @@
 #define VELORIA_ENGINE_VECTOR_MATH_INL_H_
 #endif
 
+#include "engine/stacks.h"
 #include "hwy/highway.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -15,7 +16,6 @@ namespace HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-inline constexpr double kTurn = 6.283185307179586;      // radians
 inline constexpr double kPerTurn = 1.0 / kTurn;         // turns a radian
 inline constexpr double kRounder = 6755399441055744.0;  // 1.5 * 2^52: adding it leaves no room for a fraction
 

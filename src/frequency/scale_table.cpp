@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
-#include "frequency/fixed_text.h"
+#include "base/fixed_text.h"
 
 namespace veloria {
 

@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "engine/relaxed.h"
+#include "base/relaxed.h"
 #include "engine/scope_buffer.h"
 #include "engine/synth_engine.h"
 #include "media/pcm_stream.h"

@@ -9,9 +9,9 @@
 #include <optional>
 #include <type_traits>
 
+#include "base/little_endian.h"
 #include "media/pcm_stream.h"
 #include "media/resample.h"
-#include "platform/little_endian.h"
 
 namespace veloria {
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <vector>
 
-#include "frequency/fixed_text.h"
+#include "base/fixed_text.h"
 #include "media/midi_tuning.h"
 #include "platform/message_box.h"
 #include "recorder/clips.h"

@@ -3,8 +3,8 @@
 // part of a side panel that is too narrow to be shown draws nothing. No clip is left behind. Main thread.
 #pragma once
 
+#include "base/rgba.h"
 #include "ui/app_state.h"
-#include "walker/rgba.h"
 #include "walker/status.h"
 
 namespace veloria {

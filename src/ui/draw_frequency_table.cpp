@@ -2,15 +2,15 @@
 #include <cmath>
 #include <string>
 
+#include "base/fixed_text.h"
+#include "base/format.h"
 #include "frequency/classify.h"
-#include "frequency/fixed_text.h"
 #include "frequency/ratio_table.h"
+#include "toolkit/color.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
 #include "ui/draw.h"
 #include "ui/frequency_table.h"
-#include "ui/toolkit/color.h"
-#include "ui/toolkit/format.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
 #include "walker/activation.h"
 
 namespace veloria {

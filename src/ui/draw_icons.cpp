@@ -1,8 +1,8 @@
 #include <cmath>
 
+#include "toolkit/color.h"
+#include "toolkit/primitives.h"
 #include "ui/draw.h"
-#include "ui/toolkit/color.h"
-#include "ui/toolkit/primitives.h"
 
 namespace veloria {
 

@@ -2,11 +2,11 @@
 #include <cmath>
 #include <string>
 
-#include "frequency/fixed_text.h"
+#include "base/fixed_text.h"
+#include "base/format.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
 #include "ui/draw.h"
-#include "ui/toolkit/format.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
 
 namespace veloria {
 

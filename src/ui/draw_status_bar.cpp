@@ -1,9 +1,9 @@
 #include <string>
 
 #include "engine/reports.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
 #include "ui/draw.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
 
 namespace veloria {
 

@@ -1,7 +1,7 @@
+#include "toolkit/color.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
 #include "ui/draw.h"
-#include "ui/toolkit/color.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
 #include "views/scope.h"
 
 namespace veloria {

@@ -1,10 +1,10 @@
 #include <string>
 
+#include "toolkit/color.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
+#include "toolkit/widgets.h"
 #include "ui/draw.h"
-#include "ui/toolkit/color.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
-#include "ui/toolkit/widgets.h"
 
 namespace veloria {
 

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "recorder/panel.h"
 #include "recorder/playback.h"
+#include "recorder_panel/panel.h"
+#include "toolkit/primitives.h"
 #include "ui/draw.h"
 #include "ui/floating_panels.h"
-#include "ui/toolkit/primitives.h"
-#include "views/lotus_energy.h"
+#include "views/lotus/lotus_energy.h"
 #include "views/splash.h"
 
 namespace veloria {

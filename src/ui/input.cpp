@@ -1,6 +1,6 @@
 #include "ui/input.h"
 
-#include "recorder/panel.h"
+#include "recorder_panel/panel.h"
 #include "ui/input_steps.h"
 
 namespace veloria {

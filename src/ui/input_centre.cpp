@@ -1,6 +1,6 @@
 // The centre view's share of the input.
 #include "ui/input_steps.h"
-#include "views/kathara_input.h"
+#include "views/kathara/kathara_input.h"
 
 namespace veloria {
 

@@ -1,7 +1,7 @@
 // The floating panels' share of the input.
 #include "ui/input_steps.h"
 #include "ui/panels.h"
-#include "views/kathara_input.h"
+#include "views/kathara/kathara_input.h"
 
 namespace veloria {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "recorder/panel.h"
+#include "recorder_panel/panel.h"
 #include "ui/input_steps.h"
 
 namespace veloria {

@@ -6,8 +6,8 @@
 #include <array>
 #include <cstdint>
 
-#include "ui/toolkit/grid.h"
-#include "ui/toolkit/rect.h"
+#include "toolkit/grid.h"
+#include "toolkit/rect.h"
 
 namespace veloria {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ui/toolkit/panel_input.h"
+#include "toolkit/panel_input.h"
 
 namespace veloria {
 

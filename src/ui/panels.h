@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "ui/toolkit/panel_frame.h"
+#include "toolkit/panel_frame.h"
 
 namespace veloria {
 

@@ -5,12 +5,12 @@
 #include <numeric>
 #include <string_view>
 
+#include "base/format.h"
 #include "engine/audio_lock.h"
 #include "engine/control.h"
 #include "frequency/classify.h"
+#include "toolkit/color.h"
 #include "ui/app_state.h"
-#include "ui/toolkit/color.h"
-#include "ui/toolkit/format.h"
 #include "walker/activation.h"
 
 namespace veloria {

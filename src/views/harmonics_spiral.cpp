@@ -5,9 +5,9 @@
 #include <numeric>
 #include <vector>
 
-#include "ui/toolkit/line_batch.h"
-#include "ui/toolkit/primitives.h"
-#include "views/ring.h"
+#include "toolkit/line_batch.h"
+#include "toolkit/primitives.h"
+#include "views/shared/ring.h"
 
 namespace veloria {
 

@@ -9,10 +9,10 @@
 #include <span>
 
 #include "engine/stacks.h"
-#include "ui/toolkit/draw_context.h"
-#include "ui/toolkit/panel_frame.h"
-#include "views/coloured_notes.h"
-#include "views/frame_snapshot.h"
+#include "toolkit/draw_context.h"
+#include "toolkit/panel_frame.h"
+#include "views/shared/coloured_notes.h"
+#include "views/shared/frame_snapshot.h"
 
 namespace veloria {
 

@@ -5,9 +5,9 @@
 #include <cmath>
 #include <cstddef>
 
-#include "ui/toolkit/color.h"
-#include "ui/toolkit/primitives.h"
-#include "views/ring.h"
+#include "toolkit/color.h"
+#include "toolkit/primitives.h"
+#include "views/shared/ring.h"
 
 namespace veloria {
 

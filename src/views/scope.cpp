@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "ui/toolkit/color.h"
-#include "ui/toolkit/format.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
+#include "base/format.h"
+#include "toolkit/color.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
 
 namespace veloria {
 

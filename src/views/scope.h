@@ -3,9 +3,9 @@
 
 #include <SDL.h>
 
-#include "ui/toolkit/draw_context.h"
-#include "ui/toolkit/panel_frame.h"
-#include "views/frame_snapshot.h"
+#include "toolkit/draw_context.h"
+#include "toolkit/panel_frame.h"
+#include "views/shared/frame_snapshot.h"
 
 namespace veloria {
 

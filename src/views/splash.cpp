@@ -3,9 +3,9 @@
 #include <array>
 #include <cmath>
 
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
-#include "ui/toolkit/text_cache.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
+#include "toolkit/text_cache.h"
 
 namespace veloria {
 

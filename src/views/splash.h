@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "ui/toolkit/draw_context.h"
+#include "toolkit/draw_context.h"
 
 namespace veloria {
 

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <string>
 
+#include "base/rgba.h"
 #include "engine/synth_engine.h"
 #include "frequency/tables.h"
-#include "walker/rgba.h"
 
 namespace veloria {
 

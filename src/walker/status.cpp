@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "base/fixed_text.h"
 #include "frequency/classify.h"
-#include "frequency/fixed_text.h"
 #include "walker/activation.h"
 
 namespace veloria {

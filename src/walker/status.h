@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "walker/rgba.h"
+#include "base/rgba.h"
 #include "walker/scale_walker.h"
 #include "walker/triad.h"
 

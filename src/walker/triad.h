@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-#include "walker/rgba.h"
+#include "base/rgba.h"
 
 namespace veloria {
 

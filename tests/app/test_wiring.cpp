@@ -16,9 +16,9 @@
 #include "platform/fake/fake_platform.h"
 #include "recorder/clips.h"
 #include "recorder/drone_list.h"
-#include "recorder/panel_layout.h"
 #include "recorder/playback.h"
 #include "recorder/wav_export.h"
+#include "recorder_panel/panel_layout.h"
 #include "tests/platform/scratch_folder.h"
 #include "tests/ui/events.h"
 

@@ -4,7 +4,7 @@
 
 #include "cli/arguments.h"
 #include "tests/cli/run_tool.h"
-#include "views/obj_export.h"
+#include "views/scene/geometry/obj_export.h"
 
 namespace veloria {
 namespace {

@@ -9,7 +9,7 @@
 #include <sstream>
 #include <string>
 
-#include "frequency/fixed_text.h"
+#include "base/fixed_text.h"
 #include "frequency/scale_table.h"
 #include "tests/frequency/literal_scale.h"
 

@@ -9,11 +9,11 @@
 #include <string_view>
 
 #include "recorder/clips.h"
-#include "recorder/panel.h"
 #include "recorder/playback.h"
+#include "recorder_panel/panel.h"
 #include "tests/ui/offscreen.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
 
 namespace veloria::test {
 

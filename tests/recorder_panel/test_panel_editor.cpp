@@ -1,5 +1,5 @@
 // The clip editor under the mouse.
-#include "recorder/panel_editor.h"
+#include "recorder_panel/panel_editor.h"
 #include "tests/recorder_panel/panel_fixture.h"
 
 namespace veloria {

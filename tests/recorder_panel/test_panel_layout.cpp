@@ -1,8 +1,8 @@
 // Where everything stands, by hand.
 #include <gtest/gtest.h>
 
-#include "recorder/panel_editor.h"
-#include "recorder/panel_layout.h"
+#include "recorder_panel/panel_editor.h"
+#include "recorder_panel/panel_layout.h"
 
 namespace veloria {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "platform/fake/fake_platform.h"
 #include "tests/ui/events.h"
-#include "views/kathara_host.h"
+#include "views/kathara/kathara_host.h"
 
 namespace veloria::test {
 

@@ -11,8 +11,8 @@
 #include <ostream>
 #include <vector>
 
-#include "ui/toolkit/draw_context.h"
-#include "ui/toolkit/text_cache.h"
+#include "toolkit/draw_context.h"
+#include "toolkit/text_cache.h"
 
 // For gtest, which looks in SDL_Color's own namespace.
 inline void PrintTo(const SDL_Color& color, std::ostream* out) {

@@ -2,8 +2,8 @@
 
 #include "tests/ui/app_fixture.h"
 #include "tests/ui/text_probe.h"
+#include "toolkit/widgets.h"
 #include "ui/draw.h"
-#include "ui/toolkit/widgets.h"
 
 namespace veloria {
 namespace {

@@ -7,9 +7,9 @@
 #include "engine/control.h"
 #include "tests/ui/app_fixture.h"
 #include "tests/ui/text_probe.h"
+#include "toolkit/text.h"
+#include "toolkit/widgets.h"
 #include "ui/draw.h"
-#include "ui/toolkit/text.h"
-#include "ui/toolkit/widgets.h"
 
 namespace veloria {
 namespace {

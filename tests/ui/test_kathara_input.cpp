@@ -6,11 +6,11 @@
 #include <string>
 
 #include "recorder/clips.h"
-#include "recorder/panel.h"
+#include "recorder_panel/panel.h"
 #include "tests/platform/scratch_folder.h"
 #include "tests/ui/kathara_controls.h"
-#include "views/kathara_input.h"
-#include "views/obj_export.h"
+#include "views/kathara/kathara_input.h"
+#include "views/scene/geometry/obj_export.h"
 
 namespace veloria {
 namespace {

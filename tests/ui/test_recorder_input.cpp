@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "recorder/clips.h"
-#include "recorder/panel.h"
 #include "recorder/playback.h"
+#include "recorder_panel/panel.h"
 #include "tests/ui/events.h"
 #include "tests/ui/text_probe.h"
 

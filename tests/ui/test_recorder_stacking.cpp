@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "recorder/clips.h"
-#include "recorder/panel.h"
+#include "recorder_panel/panel.h"
 #include "tests/ui/events.h"
 
 namespace veloria {

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "tests/ui/offscreen.h"
-#include "ui/toolkit/color.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
-#include "views/lotus.h"
-#include "views/sacred_geometry.h"
+#include "toolkit/color.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
+#include "views/lotus/lotus.h"
+#include "views/sacred/sacred_geometry.h"
 
 namespace veloria {
 namespace {

@@ -7,14 +7,14 @@
 
 #include "tests/views/golden.h"
 #include "views/harmonics_spiral.h"
-#include "views/kathara_host.h"
-#include "views/lotus.h"
+#include "views/kathara/kathara_host.h"
+#include "views/kathara/solfeggio_grid.h"
+#include "views/lotus/lotus.h"
 #include "views/polar_rose.h"
-#include "views/sacred_panel.h"
+#include "views/sacred/sacred_panel.h"
 #include "views/scope.h"
-#include "views/shadow_view.h"
-#include "views/solfeggio_grid.h"
-#include "views/spectrum.h"
+#include "views/shadow/shadow_view.h"
+#include "views/spectrum/spectrum.h"
 
 namespace veloria {
 namespace {

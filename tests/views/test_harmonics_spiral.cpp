@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "tests/ui/text_probe.h"
-#include "ui/toolkit/primitives.h"
+#include "toolkit/primitives.h"
 
 namespace veloria {
 namespace {

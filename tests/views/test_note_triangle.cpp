@@ -4,7 +4,7 @@
 #include <limits>
 #include <optional>
 
-#include "views/sacred_geometry.h"
+#include "views/sacred/sacred_geometry.h"
 
 namespace veloria {
 namespace {

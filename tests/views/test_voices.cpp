@@ -6,8 +6,8 @@
 
 #include "engine/control.h"
 #include "tests/ui/offscreen.h"
-#include "ui/toolkit/primitives.h"
-#include "ui/toolkit/text.h"
+#include "toolkit/primitives.h"
+#include "toolkit/text.h"
 #include "views/scope.h"
 
 namespace veloria {
