@@ -56,7 +56,7 @@ void updatePartialTable(PartialTable& table, double frequency, const VoiceOverri
         const Partial& partial = partials[i];
         table.slots[i] = static_cast<std::uint8_t>(partial.slot);
         table.steps[i] = phaseStep(partial.hz);
-        table.offsets[i] = partial.offset / kTurn;
+        table.offsets[i] = partial.offset / kPhaseTurn;
         table.weights[i] = partial.weight;
         table.weight += partial.weight;
         table.inPlace = table.inPlace && partial.slot == static_cast<int>(i);

@@ -11,7 +11,7 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 constexpr double kPhi = 1.618033988749895;
 constexpr double kPhiSquared = 2.618033988749895;
-constexpr std::array<double, 3> kTeslaTurns = {2.0943951023931953, 4.1887902047863905, kTurn};
+constexpr std::array<double, 3> kTeslaTurns = {2.0943951023931953, 4.1887902047863905, kPhaseTurn};
 
 using StepRatios = std::array<double, kMaxSteps + 1>;
 
@@ -100,8 +100,8 @@ VoiceOverrides resolveSettings(const VoiceOverrides& overrides, const VoiceOverr
 
 float oscillate(double& phase, double hz, double offset, std::int32_t waveform) {
     phase += phaseStep(hz);
-    while (phase > kTurn)
-        phase -= kTurn;
+    while (phase > kPhaseTurn)
+        phase -= kPhaseTurn;
     // Only the phase is wrapped: an offset may carry a saw above 1 and a triangle below -1, and does so
     // audibly.
     const double x = phase + offset;
