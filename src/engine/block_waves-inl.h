@@ -38,9 +38,9 @@ HWY_INLINE void TakeWholePhases(const PartialTable& table, double* HWY_RESTRICT 
         // Half a turn less wraps with the rounding: what is nearest to it lies within half a turn of 0.
         const auto late = hn::Sub(turn, hn::Set(d, 0.5));
         const auto fraction = hn::Sub(late, Nearest(d, late));
-        hn::StoreU(hn::DemoteTo(di, hn::Mul(fraction, scale)), di, whole.phases.data() + i);
+        hn::StoreU(hn::DemoteTo(di, Nearest(d, hn::Mul(fraction, scale))), di, whole.phases.data() + i);
         const auto stepTurns = hn::Mul(step, hn::Set(d, kPerTurn));
-        hn::StoreU(hn::DemoteTo(di, hn::Mul(stepTurns, scale)), di, whole.steps.data() + i);
+        hn::StoreU(hn::DemoteTo(di, Nearest(d, hn::Mul(stepTurns, scale))), di, whole.steps.data() + i);
         hn::StoreU(AdvancePhase(d, phase, step, frames), d, phases + i);
     }
 }
