@@ -46,7 +46,7 @@ struct VoiceRamp {
     double glide = 0.0;      // what the level gains by the end
 };
 
-// Envelope times level at each of `times` (s).
+// Envelope times level at each of `times` (s): 0 before the start and from the end on.
 void fillRamp(const VoiceRamp& ramp, const PerFrame<double>& times, PerFrame<float>& out);
 
 // What a sub-block puts out. Past its frames there is nothing of use.

@@ -38,9 +38,9 @@ HWY_INLINE void TakeWholePhases(const PartialTable& table, double* HWY_RESTRICT 
         // Half a turn less wraps with the rounding: what is nearest to it lies within half a turn of 0.
         const auto late = hn::Sub(turn, hn::Set(d, 0.5));
         const auto fraction = hn::Sub(late, Nearest(d, late));
-        hn::StoreU(hn::DemoteTo(di, hn::Mul(fraction, scale)), di, whole.phases.data() + i);
+        hn::StoreU(hn::DemoteTo(di, Nearest(d, hn::Mul(fraction, scale))), di, whole.phases.data() + i);
         const auto stepTurns = hn::Mul(step, hn::Set(d, kPerTurn));
-        hn::StoreU(hn::DemoteTo(di, hn::Mul(stepTurns, scale)), di, whole.steps.data() + i);
+        hn::StoreU(hn::DemoteTo(di, Nearest(d, hn::Mul(stepTurns, scale))), di, whole.steps.data() + i);
         hn::StoreU(AdvancePhase(d, phase, step, frames), d, phases + i);
     }
 }
@@ -63,18 +63,16 @@ struct SawOf {
 struct SquareOf {
     float weight = 0.0f;
     std::int32_t threshold = 0;
-    bool alwaysLow = false;
     SquareOf(const PartialTable& table, std::size_t i) : weight(table.weights[i]) {
-        const double at = -2.0 * table.offsets[i];
-        alwaysLow = at <= -1.0;
-        threshold = static_cast<std::int32_t>(std::clamp(at, -1.0, 0.9999999995) * 0x1p31);
+        // No phase lies below -1: with an offset of half a turn or more the square is never high.
+        const double at = std::clamp(-2.0 * table.offsets[i], -1.0, 0.9999999995);
+        threshold = static_cast<std::int32_t>(at * 0x1p31);
     }
 
     template <class D, class VI, class V>
     HWY_INLINE V Add(D d, VI phase, V sum) const {
         const hn::RebindToSigned<D> di;
         const V low = hn::Set(d, -weight);
-        if (alwaysLow) return hn::Add(sum, low);
         const auto below = hn::Lt(phase, hn::Set(di, threshold));
         return hn::Add(sum, hn::IfThenElse(hn::RebindMask(d, below), hn::Set(d, weight), low));
     }

@@ -6,9 +6,6 @@ namespace veloria {
 
 namespace {
 
-constexpr double kTwoPi = 6.283185307179586;
-constexpr double kSampleRateHz = 44100.0;
-
 bool sameSettings(const VoiceOverrides& a, const VoiceOverrides& b) {
     return a.fibonacciCount == b.fibonacciCount && a.piCount == b.piCount && a.teslaCount == b.teslaCount &&
            a.octaveSteps == b.octaveSteps && a.phiSteps == b.phiSteps && a.fibPhase == b.fibPhase &&
@@ -58,8 +55,8 @@ void updatePartialTable(PartialTable& table, double frequency, const VoiceOverri
     for (std::size_t i = 0; i < static_cast<std::size_t>(table.count); ++i) {
         const Partial& partial = partials[i];
         table.slots[i] = static_cast<std::uint8_t>(partial.slot);
-        table.steps[i] = partial.hz * kTwoPi / kSampleRateHz;
-        table.offsets[i] = partial.offset / kTwoPi;
+        table.steps[i] = phaseStep(partial.hz);
+        table.offsets[i] = partial.offset / kPhaseTurn;
         table.weights[i] = partial.weight;
         table.weight += partial.weight;
         table.inPlace = table.inPlace && partial.slot == static_cast<int>(i);

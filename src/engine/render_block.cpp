@@ -94,8 +94,6 @@ void renderVoice(SynthEngine& engine, Voice& voice, PartialTable& table, FrameRa
         gain.right *= voice.volume;
     } else {
         fillRamp(ramp, block.times, moved);
-        std::fill(moved.begin(), moved.begin() + range.first, 0.0f);
-        std::fill(moved.begin() + range.end, moved.end(), 0.0f);
         gain.ramp = &moved;
     }
     addVoice(table, voice.phases, range, gain, block.sum);

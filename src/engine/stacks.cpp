@@ -9,10 +9,9 @@ namespace veloria {
 namespace {
 
 constexpr double kPi = 3.141592653589793;
-constexpr double kTwoPi = 6.283185307179586;
 constexpr double kPhi = 1.618033988749895;
 constexpr double kPhiSquared = 2.618033988749895;
-constexpr std::array<double, 3> kTeslaTurns = {2.0943951023931953, 4.1887902047863905, kTwoPi};
+constexpr std::array<double, 3> kTeslaTurns = {2.0943951023931953, 4.1887902047863905, kPhaseTurn};
 
 using StepRatios = std::array<double, kMaxSteps + 1>;
 
@@ -100,9 +99,9 @@ VoiceOverrides resolveSettings(const VoiceOverrides& overrides, const VoiceOverr
 }
 
 float oscillate(double& phase, double hz, double offset, std::int32_t waveform) {
-    phase += hz * kTwoPi / 44100.0;
-    while (phase > kTwoPi)
-        phase -= kTwoPi;
+    phase += phaseStep(hz);
+    while (phase > kPhaseTurn)
+        phase -= kPhaseTurn;
     // Only the phase is wrapped: an offset may carry a saw above 1 and a triangle below -1, and does so
     // audibly.
     const double x = phase + offset;

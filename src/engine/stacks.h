@@ -30,6 +30,13 @@ inline constexpr int kMaxSteps = 4;       // octave and phi steps
     return 34 + step;
 }
 
+inline constexpr double kPhaseTurn = 6.283185307179586;  // radians
+
+// What a phase of `hz` gains at each sample, radians.
+[[nodiscard]] constexpr double phaseStep(double hz) {
+    return hz * kPhaseTurn / 44100.0;
+}
+
 // A partial sounds only inside this band; outside it adds no weight and its phase stands still.
 [[nodiscard]] constexpr bool isAudible(double hz) {
     return hz >= 20.0 && hz < 22050.0;

@@ -7,6 +7,7 @@
 #define VELORIA_ENGINE_VECTOR_MATH_INL_H_
 #endif
 
+#include "engine/stacks.h"
 #include "hwy/highway.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -15,8 +16,7 @@ namespace HWY_NAMESPACE {
 
 namespace hn = hwy::HWY_NAMESPACE;
 
-inline constexpr double kTurn = 6.283185307179586;      // radians
-inline constexpr double kPerTurn = 1.0 / kTurn;         // turns a radian
+inline constexpr double kPerTurn = 1.0 / kPhaseTurn;    // turns a radian
 inline constexpr double kRounder = 6755399441055744.0;  // 1.5 * 2^52: adding it leaves no room for a fraction
 
 // Loads a vector that several operations use. 2026-11-22: g++ 12 loads it anew for each of them, and loads
@@ -99,7 +99,7 @@ HWY_INLINE V Tanh(D d, V x) {
 // step does it. A phase that takes steps of 0 stays.
 template <class D, class V>
 HWY_INLINE V AdvancePhase(D d, V phase, V step, V frames) {
-    const V turn = hn::Set(d, kTurn);
+    const V turn = hn::Set(d, kPhaseTurn);
     const V far = hn::MulAdd(step, frames, phase);
     // A little more than a half, so that a whole number of turns counts as one turn less and is kept as a
     // whole one; what is beyond by that little is cut.

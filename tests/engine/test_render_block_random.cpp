@@ -117,9 +117,9 @@ TEST_P(RandomScenes, SoundTheSame) {
         beyond += twin.beyond;
         worst = std::max(worst, twin.worst);
     }
-    // A frame within 2^-27 of a turn of a step is one in a hundred million, times the partials that have
-    // steps.
-    EXPECT_LE(beyond, 2) << "of " << 2 * frames << " samples";
+    // A frame within 2^-27 of a turn of a step is one in a hundred million, but some millions are rendered.
+    // It differs on both sides.
+    EXPECT_LE(beyond, 8) << "of " << 2 * frames << " samples";
     std::cout << "largest difference " << worst << ", " << beyond << " beyond the tolerance\n";
 }
 
