@@ -68,7 +68,7 @@ void measurePolar(SacredFft& retuner) {
     anglesOf(&bins.real()[1], &bins.imag()[1], kMovable, &phases[1], retuner.fast.doubts);
 }
 
-// measureTrueBin for every bin.
+// measureTrueBin for every bin, and what gatherByLists goes on from.
 void measureTrueBins(SacredFft& retuner) {
     const hn::ScalableTag<double> d;
     using V = hn::Vec<decltype(d)>;
@@ -88,7 +88,11 @@ void measureTrueBins(SacredFft& retuner) {
         const V rounded = hn::Add(whole, hn::IfThenElseZero(up, hn::CopySign(one, turns)));
         deviation = hn::Sub(deviation, hn::Mul(rounded, turn));
         hn::StoreU(phase, d, &retuner.lastPhase[k]);
-        hn::StoreU(hn::Add(hn::Div(deviation, advance), bin), d, &retuner.scratch.trueBin[k]);
+        const V trueBin = hn::Add(hn::Div(deviation, advance), bin);
+        hn::StoreU(trueBin, d, &retuner.scratch.trueBin[k]);
+        hn::StoreU(trueBin, d, &retuner.fast.leadBin[k]);
+        const V own = hn::LoadU(d, &retuner.fast.targets.own[k]);
+        hn::StoreU(hn::Mul(hn::LoadU(d, &retuner.scratch.magnitudes[k]), own), d, &retuner.scratch.sum[k]);
     }
 }
 
@@ -218,8 +222,8 @@ void collectPeaksFast(SacredFft& retuner, const std::array<double, kBinCount>& m
 
 void shiftAllFast(SacredFft& retuner) {
     measurePolar(retuner);
-    measureTrueBins(retuner);
     refreshTargetLists(retuner);
+    measureTrueBins(retuner);
     gatherByLists(retuner);
     advancePhases(retuner);
     retuner.shifted[0] = 0.0;

@@ -85,7 +85,6 @@ using DoubtBits = std::array<std::uint8_t, kBlockSize / 2 + 8>;
 struct TargetLists {
     std::array<std::int32_t, kBinCount> madeFor{};     // the `binTarget` of these lists
     std::array<double, kBinCount> own{};               // 1 for a bin that is its target's only source, else 0
-    std::array<std::int32_t, kBinCount> ownSource{};   // such a bin's number, -1 for any other
     std::array<std::int32_t, kBinCount> sharedBins{};  // the bins that are not such, ascending
     std::array<std::int32_t, kBinCount> sharedGoals{};  // their targets, each once
     std::size_t sharedBinCount = 0;

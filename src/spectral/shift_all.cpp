@@ -10,7 +10,6 @@ namespace veloria {
 namespace {
 
 constexpr double kTwoPi = 2.0 * std::numbers::pi;
-constexpr std::int32_t kNoSource = -1;
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 
 namespace veloria {
 
+inline constexpr std::int32_t kNoSource = -1;             // of a target bin that took nothing
 inline constexpr double kPhaseLimit = 314.1592653589793;  // 100 pi: a running phase is reduced above it
 inline constexpr double kSilentSum = 1e-15;               // a target bin below it is silent
 inline constexpr double kLeastTrueBin = 1e-6;             // a true bin up to it is not scaled

@@ -55,7 +55,7 @@ void refreshTargetLists(SacredFft& retuner) {
     lists.madeFor = retuner.binTarget;
     lists.sharedBinCount = 0;
     lists.sharedGoalCount = 0;
-    auto& sources = lists.ownSource;  // counts them first
+    auto& sources = retuner.scratch.source;  // counts them here
     sources.fill(0);
     for (std::size_t k = 1; k < kBinCount; ++k)
         ++sources[targetOf(retuner, k)];
@@ -68,9 +68,7 @@ void refreshTargetLists(SacredFft& retuner) {
     for (std::size_t t = 1; t < kBinCount; ++t) {
         const bool own = lists.own[t] != 0.0;
         if (!own && sources[t] > 0) lists.sharedGoals[lists.sharedGoalCount++] = static_cast<std::int32_t>(t);
-        sources[t] = own ? static_cast<std::int32_t>(t) : -1;
     }
-    sources[0] = -1;
     retuner.fast.leadScale.fill(1.0);
     countMoves(lists);
 }
@@ -78,11 +76,11 @@ void refreshTargetLists(SacredFft& retuner) {
 void gatherByLists(SacredFft& retuner) {
     const TargetLists& lists = retuner.fast.targets;
     BlockScratch& scratch = retuner.scratch;
-    for (std::size_t k = 0; k < kBinCount; ++k)
-        scratch.sum[k] = scratch.magnitudes[k] * lists.own[k];
-    scratch.strongest = scratch.sum;
-    scratch.source = lists.ownSource;
-    retuner.fast.leadBin = scratch.trueBin;
+    for (std::size_t i = 0; i < lists.sharedGoalCount; ++i) {
+        const auto t = static_cast<std::size_t>(lists.sharedGoals[i]);
+        scratch.strongest[t] = 0.0;
+        scratch.source[t] = kNoSource;
+    }
     gatherShared(retuner);
     leadShared(retuner);
     // Whole multiples of the bin width are exact in a double, so their sum does not hang on its order.

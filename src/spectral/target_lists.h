@@ -9,8 +9,10 @@ namespace veloria {
 // Makes the lists for `binTarget` if they are another's. Takes a few microseconds once, at the first block.
 void refreshTargetLists(SacredFft& retuner);
 
-// gatherBins and publishShift once `scratch.magnitudes` and `scratch.trueBin` are known; `fast.leadBin` and
-// `fast.leadScale` follow. The lists are up to date.
+// gatherBins and publishShift, for what the lists cannot foresee. Before it `scratch.magnitudes` and
+// `scratch.trueBin` are known, `scratch.sum` holds the magnitudes of own bins and 0 elsewhere, and
+// `fast.leadBin` the true bins; after it all targets' sums, true bins and `fast.leadScale` are right. The
+// lists are up to date.
 void gatherByLists(SacredFft& retuner);
 
 }  // namespace veloria
