@@ -10,6 +10,7 @@
 #include "spectral/half_spectrum.h"
 #include "spectral/shift_all.h"
 #include "spectral/shift_peaks.h"
+#include "spectral/target_lists.h"
 #include "spectral/twiddles.h"
 
 #undef HWY_TARGET_INCLUDE
@@ -67,7 +68,7 @@ void measurePolar(SacredFft& retuner) {
     anglesOf(&bins.real()[1], &bins.imag()[1], kMovable, &phases[1], retuner.fast.doubts);
 }
 
-// measureTrueBin for every bin.
+// measureTrueBin for every bin, and what gatherByLists goes on from.
 void measureTrueBins(SacredFft& retuner) {
     const hn::ScalableTag<double> d;
     using V = hn::Vec<decltype(d)>;
@@ -87,7 +88,11 @@ void measureTrueBins(SacredFft& retuner) {
         const V rounded = hn::Add(whole, hn::IfThenElseZero(up, hn::CopySign(one, turns)));
         deviation = hn::Sub(deviation, hn::Mul(rounded, turn));
         hn::StoreU(phase, d, &retuner.lastPhase[k]);
-        hn::StoreU(hn::Add(hn::Div(deviation, advance), bin), d, &retuner.scratch.trueBin[k]);
+        const V trueBin = hn::Add(hn::Div(deviation, advance), bin);
+        hn::StoreU(trueBin, d, &retuner.scratch.trueBin[k]);
+        hn::StoreU(trueBin, d, &retuner.fast.leadBin[k]);
+        const V own = hn::LoadU(d, &retuner.fast.targets.own[k]);
+        hn::StoreU(hn::Mul(hn::LoadU(d, &retuner.scratch.magnitudes[k]), own), d, &retuner.scratch.sum[k]);
     }
 }
 
@@ -104,25 +109,17 @@ HWY_INLINE V wholeTurns(D d, V phase) {
 // The running phase of every target bin that sounds, as advanceSynthPhase has it.
 void advancePhases(SacredFft& retuner) {
     const hn::ScalableTag<double> d;
-    const hn::RebindToSigned<decltype(d)> di;
-    const hn::Rebind<std::int32_t, decltype(d)> di32;
     using V = hn::Vec<decltype(d)>;
     const V turn = hn::Set(d, kTurn);
     for (std::size_t t = 1; t < kBinCount; t += hn::Lanes(d)) {
-        const auto source32 = hn::LoadU(di32, &retuner.scratch.source[t]);
-        const V source = hn::PromoteTo(d, source32);
-        const auto has = hn::And(hn::Ge(source, hn::Zero(d)),
-                                 hn::Ge(hn::LoadU(d, &retuner.scratch.sum[t]), hn::Set(d, kSilentSum)));
-        const auto index = hn::PromoteTo(di, hn::Max(source32, hn::Zero(di32)));
-        const V trueBin = hn::GatherIndex(d, retuner.scratch.trueBin.data(), index);
-        const V ratio = hn::Div(hn::Iota(d, static_cast<double>(t)), source);
-        const auto above = hn::Gt(trueBin, hn::Set(d, kLeastTrueBin));
-        const V scale = hn::IfThenElse(above, ratio, hn::Set(d, 1.0));
+        const auto sounds = hn::Ge(hn::LoadU(d, &retuner.scratch.sum[t]), hn::Set(d, kSilentSum));
+        const V lead =
+            hn::Mul(hn::LoadU(d, &retuner.fast.leadScale[t]), hn::LoadU(d, &retuner.fast.leadBin[t]));
         const V old = hn::LoadU(d, &retuner.synthPhase[t]);
-        V phase = hn::Add(old, hn::Mul(hn::Mul(scale, trueBin), hn::Set(d, kHopAdvance)));
+        V phase = hn::Add(old, hn::Mul(lead, hn::Set(d, kHopAdvance)));
         const V reduced = hn::Sub(phase, hn::Mul(wholeTurns(d, phase), turn));
         phase = hn::IfThenElse(hn::Gt(phase, hn::Set(d, kPhaseLimit)), reduced, phase);
-        hn::StoreU(hn::IfThenElse(has, phase, old), d, &retuner.synthPhase[t]);
+        hn::StoreU(hn::IfThenElse(sounds, phase, old), d, &retuner.synthPhase[t]);
     }
 }
 
@@ -225,8 +222,9 @@ void collectPeaksFast(SacredFft& retuner, const std::array<double, kBinCount>& m
 
 void shiftAllFast(SacredFft& retuner) {
     measurePolar(retuner);
+    refreshTargetLists(retuner);
     measureTrueBins(retuner);
-    gatherMeasured(retuner);
+    gatherByLists(retuner);
     advancePhases(retuner);
     retuner.shifted[0] = 0.0;
     synthesise(retuner, retuner.scratch.sum.data(), retuner.synthPhase.data(), kSilentSum);

@@ -82,11 +82,26 @@ struct TransformBuffer {
 // between two vectors.
 using DoubtBits = std::array<std::uint8_t, kBlockSize / 2 + 8>;
 
+// What `binTarget` says, sorted out: most bins are their own target and no other's.
+struct TargetLists {
+    std::array<std::int32_t, kBinCount> madeFor{};     // the `binTarget` of these lists
+    std::array<double, kBinCount> own{};               // 1 for a bin that is its target's only source, else 0
+    std::array<std::int32_t, kBinCount> sharedBins{};  // the bins that are not such, ascending
+    std::array<std::int32_t, kBinCount> sharedGoals{};  // their targets, each once
+    std::size_t sharedBinCount = 0;
+    std::size_t sharedGoalCount = 0;
+    std::int32_t moved = 0;     // bins whose target is another
+    std::int32_t distance = 0;  // how far they move, all together, in bins
+};
+
 // Scratch of one block of the running stage, beside that of the literal one.
 struct FastScratch {
     TransformBuffer input;   // what a transform is made of
     TransformBuffer output;  // what it gives
     DoubtBits doubts{}, moreDoubts{};
+    TargetLists targets;
+    std::array<double, kBinCount> leadBin{};         // true bin of a target's strongest source (mode 1)
+    std::array<double, kBinCount> leadScale{};       // by which it is scaled (mode 1)
     std::array<double, kBinCount> phase{};           // of the block's bins, radians
     std::array<std::int32_t, kBinCount> peakBins{};  // bins of the retuned spectrum's peaks, ascending
 };

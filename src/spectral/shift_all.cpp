@@ -1,7 +1,6 @@
 #include "spectral/shift_all.h"
 
 #include <cmath>
-#include <cstdlib>
 #include <numbers>
 
 #include "spectral/collect_peaks.h"
@@ -11,7 +10,6 @@ namespace veloria {
 namespace {
 
 constexpr double kTwoPi = 2.0 * std::numbers::pi;
-constexpr std::int32_t kNoSource = -1;
 
 }  // namespace
 
@@ -47,38 +45,11 @@ ShiftTally gatherBins(SacredFft& retuner) {
     return tally;
 }
 
-void gatherMeasured(SacredFft& retuner) {
-    BlockScratch& scratch = retuner.scratch;
-    scratch.sum.fill(0.0);
-    scratch.strongest.fill(0.0);
-    scratch.source.fill(kNoSource);
-    std::int32_t distance = 0;
-    std::int32_t moved = 0;
-    for (std::int32_t k = 1; k < static_cast<std::int32_t>(kBinCount); ++k) {
-        const std::int32_t away = std::abs(retuner.binTarget[static_cast<std::size_t>(k)] - k);
-        distance += away;
-        moved += away != 0 ? 1 : 0;
-    }
-    for (std::size_t k = 1; k < kBinCount; ++k) {
-        const double magnitude = scratch.magnitudes[k];
-        const std::size_t t = targetOf(retuner, k);
-        const bool stronger = magnitude > scratch.strongest[t];
-        scratch.sum[t] += magnitude;
-        // Chosen and not branched to: which bin is the stronger follows no pattern.
-        scratch.strongest[t] = stronger ? magnitude : scratch.strongest[t];
-        scratch.source[t] = stronger ? static_cast<std::int32_t>(k) : scratch.source[t];
-    }
-    // Whole multiples of the bin width are exact in a double, so their sum does not hang on its order.
-    publishShift(retuner, {distance * kBinWidthHz, moved});
-}
-
 void advanceSynthPhase(SacredFft& retuner, std::size_t t) {
     const std::int32_t source = retuner.scratch.source[t];
     if (source < 0) return;
     const double trueBin = retuner.scratch.trueBin[static_cast<std::size_t>(source)];
-    // Scaled by the bin numbers and not by the true bin: a tone beside its bin's centre stays as far beside
-    // the target's.
-    const double scale = trueBin > kLeastTrueBin ? static_cast<double>(t) / source : 1.0;
+    const double scale = phaseScale(t, source, trueBin);
     double& phase = retuner.synthPhase[t];
     phase += scale * trueBin * kHopAdvance;
     if (phase > kPhaseLimit) phase -= std::floor(phase / kTwoPi) * kTwoPi;

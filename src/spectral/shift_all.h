@@ -6,6 +6,7 @@
 
 namespace veloria {
 
+inline constexpr std::int32_t kNoSource = -1;             // of a target bin that took nothing
 inline constexpr double kPhaseLimit = 314.1592653589793;  // 100 pi: a running phase is reduced above it
 inline constexpr double kSilentSum = 1e-15;               // a target bin below it is silent
 inline constexpr double kLeastTrueBin = 1e-6;             // a true bin up to it is not scaled
@@ -26,8 +27,11 @@ void clearGathering(SacredFft& retuner);
 // ones the lowest.
 [[nodiscard]] ShiftTally gatherBins(SacredFft& retuner);
 
-// gatherBins and publishShift once `scratch.magnitudes` and `scratch.trueBin` are known.
-void gatherMeasured(SacredFft& retuner);
+// What the advance of the phase of bin `source` is multiplied by for target `t`: the bin numbers' ratio and
+// not the true bin's, so that a tone beside its bin's centre stays as far beside the target's.
+[[nodiscard]] inline double phaseScale(std::size_t t, std::int32_t source, double trueBin) {
+    return trueBin > kLeastTrueBin ? static_cast<double>(t) / source : 1.0;
+}
 
 // Moves the phase of target bin `t` on by one hop at the frequency of its strongest bin, scaled to the
 // target.

@@ -107,7 +107,19 @@ void compareOn(const std::vector<float>& input, const RetunerSettings& settings)
 TEST(FastBlock, aMinuteOfMusicIsThatOfTheLiteralStages) {
     const std::vector<float> input = music(60, 1);
     for (const std::int32_t mode : {kModeFull, kModePeak}) {
-        for (const std::int32_t strength : {100, 40})
+        for (const std::int32_t strength : {100, 40}) {
+            const RetunerSettings settings{mode, strength, 8};
+            SCOPED_TRACE("mode " + std::to_string(mode) + " at " + std::to_string(strength));
+            expectSame(playThrough(input, settings, processBlockFast),
+                       playThrough(input, settings, ProcessBlock));
+        }
+    }
+}
+
+TEST(FastBlock, onEveryInstructionSetMusicIsThatOfTheLiteralStages) {
+    const std::vector<float> input = music(6, 9);
+    for (const std::int32_t mode : {kModeFull, kModePeak}) {
+        for (const std::int32_t strength : {100, 0, 40})
             compareOn(input, {mode, strength, 8});
     }
 }
