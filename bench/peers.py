@@ -3,7 +3,6 @@
 Usage: bench/peers.py VELORIA_CLI FOLDER ROUNDS"""
 import os
 import sys
-import wave
 
 VELORIA, FOLDER, ROUNDS = sys.argv[1], sys.argv[2], int(sys.argv[3])
 SOUND_FONT = "/usr/share/sounds/sf2/TimGM6mb.sf2"
@@ -54,8 +53,8 @@ def make_sound():
     lame = ["lame", "--quiet", "-b", "192", at("audio.wav"), at("audio.mp3")]
     if os.spawnvp(os.P_WAIT, lame[0], lame) != 0:
         sys.exit("peers: lame made no file")
-    with wave.open(at("audio.wav")) as sound:
-        assert sound.getnframes() == SECONDS * sound.getframerate()
+    if os.path.getsize(at("audio.wav")) != 44 + SECONDS * 44100 * 4:
+        sys.exit("peers: the sound file has another length")
 
 
 def works():
