@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Checks that the Windows side of src/platform compiles: every file of src/platform/windows is parsed by the MinGW
+# Checks that the Windows side compiles: every file of src/base/windows and src/platform/windows is parsed by the MinGW
 # cross compiler with all warnings as errors. Nothing is linked and nothing is written.
 # Usage: scripts/check_windows.sh
 set -euo pipefail
@@ -13,7 +13,7 @@ fi
 
 failed=0
 count=0
-for file in src/platform/windows/*.cpp; do
+for file in src/base/windows/*.cpp src/platform/windows/*.cpp; do
   echo "check_windows: $file"
   "$compiler" -std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -Isrc "$file" || failed=1
   count=$((count + 1))

@@ -7,16 +7,20 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 purpose="${1:-test}"
 say() { printf 'deps: %s\n' "$*"; }
+fail() {
+  printf 'deps: %s\n' "$*" >&2
+  exit 1
+}
 
 build_packages=(
   g++ cmake ninja-build pkg-config ca-certificates openssl
-  libsdl2-dev libsdl2-ttf-dev libhwy-dev libgtk-3-dev libgstreamer1.0-dev libfontconfig-dev
+  libsdl2-dev libsdl2-ttf-dev libgtk-3-dev libgstreamer1.0-dev libfontconfig-dev libhwy-dev
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-libav gstreamer1.0-alsa
   fonts-liberation fonts-dejavu-core xvfb xauth
 )
 test_packages=(
   libgtest-dev libbenchmark-dev libpng-dev clang-format g++-mingw-w64-x86-64 clang libclang-rt-14-dev
-  xdotool openbox x11-utils imagemagick dbus-x11 python3-minimal adwaita-icon-theme librsvg2-common
+  xdotool openbox x11-utils imagemagick dbus-x11 python3-minimal adwaita-icon-theme librsvg2-common parallel
 )
 
 packages=("${build_packages[@]}")
@@ -48,20 +52,22 @@ fi
 minimp3_version=1.0.0
 minimp3_sha512="K+d0ltqfCigErdRNYgeA9t2187tt6gQk64y9hlfPxW82MVB8ujv1wCHtvd6UWg+7qiHx0au/P+O8NDBNWDl9PA=="
 
-# In a shell of its own, whose end takes the folder along, however it ends.
+# In a shell of its own, whose end takes the folder along, however it ends. Each step says what failed: the tools
+# themselves may say nothing, or nothing of what was wanted.
 fetch_minimp3() (
+  name="minimp3 ${minimp3_version}"
   work="$(mktemp -d)"
   trap 'rm -rf "$work"' EXIT
-  (cd "$work" && npm pack --silent "minimp3@${minimp3_version}" >/dev/null)
-  digest="$(openssl dgst -sha512 -binary "$work/minimp3-${minimp3_version}.tgz" | base64 -w0)"
-  if [ "$digest" != "$minimp3_sha512" ]; then
-    say "minimp3 ${minimp3_version}: the package's digest is not the pinned one; nothing was unpacked"
-    exit 1
-  fi
-  tar -xzf "$work/minimp3-${minimp3_version}.tgz" -C "$work" package/lib/minimp3.h package/LICENSE
-  mkdir -p .deps/minimp3
-  cp "$work/package/LICENSE" .deps/minimp3/LICENSE
-  cp "$work/package/lib/minimp3.h" .deps/minimp3/minimp3.h
+  archive="$work/minimp3-${minimp3_version}.tgz"
+  command -v npm >/dev/null 2>&1 || fail "$name cannot be fetched: there is no npm"
+  (cd "$work" && npm pack --loglevel=error "minimp3@${minimp3_version}" >/dev/null) ||
+    fail "$name could not be fetched from the npm registry ($(npm config get registry 2>/dev/null)); npm's reason, if any, stands above"
+  [ -f "$archive" ] || fail "$name could not be fetched: npm left no minimp3-${minimp3_version}.tgz"
+  digest="$(openssl dgst -sha512 -binary "$archive" | base64 -w0)" || fail "$name: its digest could not be taken"
+  [ "$digest" = "$minimp3_sha512" ] || fail "$name: the package's digest is not the pinned one; nothing was unpacked"
+  tar -xzf "$archive" -C "$work" package/lib/minimp3.h package/LICENSE || fail "$name could not be unpacked"
+  mkdir -p .deps/minimp3 && cp "$work/package/LICENSE" .deps/minimp3/LICENSE &&
+    cp "$work/package/lib/minimp3.h" .deps/minimp3/minimp3.h || fail "$name could not be written to .deps/minimp3"
 )
 
 if [ -n "$(system_minimp3)" ]; then

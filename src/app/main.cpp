@@ -3,7 +3,9 @@
 #include "app/main_loop.h"
 #include "app/window.h"
 #include "app/wiring.h"
+#include "base/file_place.h"
 #include "engine/audio_lock.h"
+#include "engine/vector_target.h"
 #include "platform/audio_device.h"
 #include "platform/message_box.h"
 
@@ -41,6 +43,7 @@ int fail(const char* text) {
 int run(AppState& app) {
     if (!initWindowAndFonts(app, kTitle, kWidth, kHeight)) return fail("Failed to initialize SDL2/TTF!");
     installAudioLock({platform::lockAudioDevice, platform::unlockAudioDevice});
+    chooseVectorTarget();  // else the first callback would ask the processor
     if (!openAudio()) return fail("Failed to open audio device!");
     platform::pauseAudioDevice(false);
     // The callback runs from here on, with no voices and the retuner off: nothing reads these tables yet.
@@ -52,9 +55,11 @@ int run(AppState& app) {
         g_sacredFft.ResetStreams();
     }
     installTransport(app);
+    keepSoundInDialogs(app);
 
     runMainLoop(app);
 
+    stopSoundInDialogs();
     platform::pauseAudioDevice(true);
     SDL_CloseAudio();
     closeMci();
@@ -66,6 +71,7 @@ int run(AppState& app) {
 
 int main(int /*argc*/, char* /*argv*/[]) {
     using namespace veloria;
+    outliveFileSizeLimit();
     SynthEngine engine;
     g_engine = &engine;
     AppState app(engine, {engine, g_midiFile, g_pcmStream, g_sacredFft}, g_outputGains);

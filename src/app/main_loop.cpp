@@ -1,22 +1,20 @@
 #include "app/main_loop.h"
 
-#include "media/midi_playback.h"
 #include "platform/clock.h"
 #include "ui/frame.h"
 #include "ui/input.h"
+#include "ui/sound_tick.h"
 
 namespace veloria {
 
 bool mainLoopPass(AppState& app, std::uint32_t& lastFrame, const LoopCalls& calls) {
     app.draw.ticks = platform::ticksMs();  // events belong to this instant, not to the last frame's
     const bool running = calls.pollEvents(app);
-    // Fed on every pass and not once a frame, so that a late frame does not starve the notes.
-    if (app.transport.kind == MediaKind::Midi && !app.players.midi.paused) {
-        midiTick(app.players.midi, *app.engine, kMidiLookaheadSeconds);
-    }
+    // On every pass and not once a frame, so that a late frame does not starve the notes.
+    feedNotes(app);
     const std::uint32_t now = platform::ticksMs();
     if (now - lastFrame >= kFrameMs) {
-        pollMediaEnd(app.transport, app.players, now, app.onLoadFile);
+        tickSound(app, now);
         calls.renderFrame(app, now);
         lastFrame = now;
     }

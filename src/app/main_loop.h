@@ -16,9 +16,8 @@ struct LoopCalls {
     std::function<void(AppState&, std::uint32_t nowMs)> renderFrame;
 };
 
-// One pass: events, MIDI feed, and at most once in 16 ms the end-of-file check and a frame; then rests for
-// what is left of the 16 ms. `lastFrame` (ms) is when the last frame was drawn. False once the program is to
-// end.
+// One pass: events, MIDI feed, and at most once in 16 ms tickSound and a frame; then rests for what is left
+// of the 16 ms. `lastFrame` (ms) is when the last frame was drawn. False once the program is to end.
 [[nodiscard]] bool mainLoopPass(AppState& app, std::uint32_t& lastFrame, const LoopCalls& calls);
 
 // Runs passes until the window is closed.

@@ -1,6 +1,7 @@
 #include "app/window.h"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 
 #include "platform/clock.h"
@@ -19,6 +20,15 @@ void setHints() {
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Veloria");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_STREAM_NAME, "Veloria");
+}
+
+// SDL draws into memory where it finds no display. Unless that is what the user asks for, he would have a
+// program that runs and shows nothing.
+bool hasAnyDisplay() {
+    const char* driver = SDL_GetCurrentVideoDriver();
+    if (driver == nullptr || std::strcmp(driver, "offscreen") != 0) return true;
+    const char* wanted = SDL_GetHint(SDL_HINT_VIDEODRIVER);
+    return wanted != nullptr && std::strstr(wanted, "offscreen") != nullptr;
 }
 
 // The working directory first, then beside the program.
@@ -67,6 +77,7 @@ void awaitMaximise(SDL_Window* window, int width, int height) {
 bool initWindowAndFonts(AppState& app, const char* title, int width, int height) {
     setHints();
     if (SDL_Init(SDL_INIT_AUDIO | SDL_INIT_VIDEO) != 0 || TTF_Init() != 0) return false;
+    if (!hasAnyDisplay()) return false;
     openFonts(app.fonts);
     app.window = SDL_CreateWindow(title, SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width, height,
                                   SDL_WINDOW_SHOWN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_MAXIMIZED);

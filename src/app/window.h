@@ -5,7 +5,8 @@
 
 namespace veloria {
 
-// Starts SDL, the fonts, the window and its renderer. False when the program cannot go on; what was opened
+// Starts SDL, the fonts, the window and its renderer. False when the program cannot go on, also where
+// there is no display to show the window on; what was opened
 // until then is left to shutdownWindowAndFonts. A missing font or icon is no failure.
 [[nodiscard]] bool initWindowAndFonts(AppState& app, const char* title, int width, int height);
 

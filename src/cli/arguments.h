@@ -10,6 +10,8 @@ namespace veloria::cli {
 
 enum class Command { Render, Record, Walk, Notes, Clips, Scale, Obj, Help, Version };
 
+inline constexpr std::int32_t kMostJobs = 1024;
+
 // What the options set; a default is the instrument's own.
 struct Options {
     Command command = Command::Help;
@@ -34,6 +36,8 @@ struct Options {
     std::int32_t activation = 0;  // ActivationMode
     std::int32_t stepMs = 200;    // of the walker, not yet held to its range
     bool quiet = false;
+    std::string outDir;     // where each of `files` is rendered to; empty: there is one input and one output
+    std::int32_t jobs = 0;  // files rendered at once, up to kMostJobs; 0: as many as there are cores
 };
 
 // What came of reading the command line; `error` is empty when `options` can be carried out.

@@ -3,8 +3,11 @@
 #include <exception>
 #include <string>
 
+#include "base/file_place.h"
 #include "cli/arguments.h"
+#include "cli/batch.h"
 #include "cli/clips.h"
+#include "cli/interrupt.h"
 #include "cli/notes.h"
 #include "cli/obj.h"
 #include "cli/record.h"
@@ -12,15 +15,24 @@
 #include "cli/scale.h"
 #include "cli/session.h"
 #include "cli/walk.h"
+#include "platform/files.h"
 
 namespace {
 
 using namespace veloria::cli;
 
+// True when the file that would be read is the one that would be written.
+bool wouldEatItsInput(const Options& options) {
+    const bool oneToOne = options.command == Command::Render || options.command == Command::Record;
+    if (!oneToOne || !options.outDir.empty()) return false;
+    const auto input = veloria::platform::fileIdentity(options.files[0]);
+    return input && input == veloria::platform::fileIdentity(options.files[1]);
+}
+
 int run(const Options& options) {
     switch (options.command) {
         case Command::Render:
-            return runRender(options);
+            return options.outDir.empty() ? runRender(options) : runBatch(options);
         case Command::Record:
             return runRecord(options);
         case Command::Walk:
@@ -46,15 +58,17 @@ int run(const Options& options) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    veloria::outliveFileSizeLimit();
     std::string file = "arguments";
     try {
         const ParsedArguments parsed = parseArguments({argv + 1, argv + argc});
-        if (!parsed.error.empty()) {
-            std::fprintf(stderr, "veloria-cli: %s (see veloria-cli --help)\n", parsed.error.c_str());
-            return kMisused;
-        }
+        if (!parsed.error.empty()) return misused(parsed.error);
         if (!parsed.options.files.empty()) file = parsed.options.files[0];
-        return run(parsed.options);
+        if (wouldEatItsInput(parsed.options)) return misused(file + " is the input and the output at once");
+        noteInterrupts();
+        const int status = run(parsed.options);
+        endIfInterrupted();
+        return status;
     } catch (const std::exception&) {
         // Nothing below throws but an allocation that cannot be had.
         return fail(file, "not enough memory");

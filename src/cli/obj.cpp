@@ -9,7 +9,7 @@ namespace veloria::cli {
 
 int runObj(const Options& options) {
     const std::string& path = options.files[0];
-    return makeOutput(path, [&] { return exportKatharaObj(path, options.teslaCoordinates); });
+    return statusOf(writeFault(path, exportKatharaObj(path, options.teslaCoordinates)));
 }
 
 }  // namespace veloria::cli

@@ -2,89 +2,66 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <filesystem>
-#include <system_error>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
-#include "media/wav_writer.h"
+#include "cli/interrupt.h"
 
 namespace veloria::cli {
 
 namespace {
 
-bool isTerminal() {
-#ifdef _WIN32
-    return _isatty(_fileno(stderr)) != 0;
-#else
-    return isatty(fileno(stderr)) != 0;
-#endif
+using Block = std::array<float, 2 * kBlockFrames>;
+
+// The next `frames` frames, at most kBlockFrames, as the device would have them.
+void renderBlock(Session& session, std::size_t frames, Block& block) {
+    mixOutput(session.sources(), session.gains, block.data(), frames, nullptr);
+}
+
+bool writeBlock(const Block& block, std::size_t frames, WavFile& file) {
+    std::array<std::int16_t, 2 * kBlockFrames> samples;
+    const auto end = block.begin() + static_cast<std::ptrdiff_t>(2 * frames);
+    std::transform(block.begin(), end, samples.begin(), toSample16);
+    return file.write({samples.data(), 2 * frames});
 }
 
 }  // namespace
 
-ProgressBar makeProgressBar(const Options& options) {
-    return {!options.quiet && isTerminal(), -1};
+std::string faultLine(const Fault& fault) {
+    return "veloria-cli: " + fault.file + ": " + fault.reason + "\n";
 }
 
-void drawProgress(ProgressBar& bar, double fraction) {
-    if (!bar.shown) return;
-    const int percent = static_cast<int>(std::clamp(fraction, 0.0, 1.0) * 100.0);
-    if (percent == bar.lastPercent) return;
-    bar.lastPercent = percent;
-    const std::string done(static_cast<std::size_t>(percent / 2), '#');
-    std::fprintf(stderr, "\r[%-50s] %3d%%", done.c_str(), percent);
+int statusOf(const Fault& fault) {
+    return fault.none() ? kDone : fail(fault.file, fault.reason);
 }
 
-void endProgress(ProgressBar& bar) {
-    if (bar.shown) std::fputs("\n", stderr);
-    bar.shown = false;
+Fault writeFault(const std::string& path, bool written) {
+    if (written) return {};
+    return {path, interrupted() ? "interrupted" : "cannot be written"};
 }
 
-void appendFrames(Session& session, std::size_t frames, std::vector<std::int16_t>& samples) {
-    std::array<float, 2 * kBlockFrames> block;
+bool appendFrames(Session& session, std::size_t frames, WavFile& file) {
+    Block block;
     while (frames > 0) {
+        if (interrupted()) return false;
         const std::size_t count = std::min(frames, kBlockFrames);
-        mixOutput(session.sources(), session.gains, block.data(), count, nullptr);
-        for (std::size_t i = 0; i < 2 * count; ++i)
-            samples.push_back(toSample16(block[i]));
+        renderBlock(session, count, block);
+        if (!writeBlock(block, count, file)) return false;
         frames -= count;
     }
+    return true;
 }
 
-void renderBlocks(Session& session, std::size_t frames, const std::function<void(std::size_t)>& beforeBlock,
-                  ProgressBar& bar, std::vector<std::int16_t>& samples) {
-    samples.reserve(samples.size() + 2 * frames);
-    for (std::size_t done = 0; done < frames;) {
+Fault renderBlocks(Session& session, std::size_t frames, const std::function<void(std::size_t)>& beforeBlock,
+                   const std::string& path, const ProgressOfFile& progress) {
+    WavFile file(path, frames);
+    bool written = file.good();
+    for (std::size_t done = 0; written && done < frames;) {
         beforeBlock(done);
         const std::size_t count = std::min(kBlockFrames, frames - done);
-        appendFrames(session, count, samples);
+        written = appendFrames(session, count, file);
         done += count;
-        drawProgress(bar, static_cast<double>(done) / static_cast<double>(frames));
+        drawProgress(progress.bar, progress.file, static_cast<double>(done) / static_cast<double>(frames));
     }
-    endProgress(bar);
-}
-
-int makeOutput(const std::string& path, const std::function<bool()>& write) {
-    namespace fs = std::filesystem;
-    std::error_code ignored;
-    const bool wasThere = fs::exists(fs::status(path, ignored));
-    if (write()) return kDone;
-    // Never anything but what this run made: not a device, not what stood there before, and of a link only
-    // the file that it led to.
-    if (!wasThere && fs::is_regular_file(fs::status(path, ignored))) {
-        fs::remove(fs::canonical(path, ignored), ignored);
-    }
-    return fail(path, "cannot be written");
-}
-
-int writeOutput(const std::string& path, const std::vector<std::int16_t>& samples) {
-    return makeOutput(path, [&] { return writeWavFile(path, samples); });
+    return writeFault(path, written && file.finish());
 }
 
 }  // namespace veloria::cli

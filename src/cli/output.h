@@ -1,39 +1,50 @@
-// Rendering frames into memory and writing them to a file.
+// Rendering frames into a file, block by block: no more than a block of sound is ever held.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
+#include "cli/progress.h"
 #include "cli/session.h"
+#include "media/wav_writer.h"
 
 namespace veloria::cli {
 
 inline constexpr std::size_t kBlockFrames = 512;  // as the audio device asks for
 
-// A bar on standard error, drawn only on a terminal.
-struct ProgressBar {
-    bool shown = false;
-    int lastPercent = -1;
+// Why a file was not made, and the file that is to blame; nothing when all went well.
+struct Fault {
+    std::string file;
+    std::string reason;
+
+    [[nodiscard]] bool none() const { return reason.empty(); }
 };
 
-[[nodiscard]] ProgressBar makeProgressBar(const Options& options);
-void drawProgress(ProgressBar& bar, double fraction);
-void endProgress(ProgressBar& bar);
+// "veloria-cli: FILE: reason", a whole line.
+[[nodiscard]] std::string faultLine(const Fault& fault);
 
-// Renders `frames` frames to the end of `samples`.
-void appendFrames(Session& session, std::size_t frames, std::vector<std::int16_t>& samples);
+// The exit status of a run with this fault, which is told.
+[[nodiscard]] int statusOf(const Fault& fault);
 
-// Renders `frames` in blocks of kBlockFrames, calling `beforeBlock` with the frames rendered so far.
-void renderBlocks(Session& session, std::size_t frames, const std::function<void(std::size_t)>& beforeBlock,
-                  ProgressBar& bar, std::vector<std::int16_t>& samples);
+// The fault of a file that was written or not.
+[[nodiscard]] Fault writeFault(const std::string& path, bool written);
 
-// Lets `write` make the file at `path` and gives the exit status. After a failure (false) no file is left
-// that was not there before.
-[[nodiscard]] int makeOutput(const std::string& path, const std::function<bool()>& write);
+// Where one file's progress is told.
+struct ProgressOfFile {
+    ProgressBar& bar;
+    std::size_t file = 0;
+};
 
-// Writes the samples as a WAV file by makeOutput.
-[[nodiscard]] int writeOutput(const std::string& path, const std::vector<std::int16_t>& samples);
+// Renders the next `frames` frames into the file. False when they cannot be written or the run is
+// interrupted.
+[[nodiscard]] bool appendFrames(Session& session, std::size_t frames, WavFile& file);
+
+// Renders `frames` frames to a whole file at `path` in blocks of kBlockFrames, calling `beforeBlock` with the
+// frames rendered so far.
+[[nodiscard]] Fault renderBlocks(Session& session, std::size_t frames,
+                                 const std::function<void(std::size_t)>& beforeBlock, const std::string& path,
+                                 const ProgressOfFile& progress);
 
 }  // namespace veloria::cli

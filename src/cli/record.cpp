@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "cli/interrupt.h"
 #include "cli/output.h"
 #include "cli/session.h"
 #include "recorder/midi_import.h"
@@ -11,19 +12,22 @@ namespace veloria::cli {
 
 namespace {
 
-// Why the arrangement of `input` did not become sound; empty when it did.
-std::string reasonOf(RenderOutcome outcome) {
+// Why the arrangement of `input` did not become `output`.
+Fault faultOf(RenderOutcome outcome, const std::string& input, const std::string& output) {
     switch (outcome) {
         case RenderOutcome::Done:
             return {};
         case RenderOutcome::Nothing:
-            return "makes no recorder clips";
+            return {input, "makes no recorder clips"};
         case RenderOutcome::TooLong:
-            return "too long for a WAV file";
+            return {input, "too long for a WAV file"};
+        case RenderOutcome::Cancelled:
+        case RenderOutcome::NotWritten:
+            return writeFault(output, false);
         case RenderOutcome::GivenUp:
             break;
     }
-    return "not enough memory to render it";
+    return {input, "not enough memory to render it"};
 }
 
 }  // namespace
@@ -39,15 +43,15 @@ int runRecord(const Options& options) {
     recorder.engine = &session->engine;
     session->midi.normalizeMatch = options.normalize ? 1 : 0;
     importMidiClips(session->midi, recorder, session->engine);
-    ProgressBar bar = makeProgressBar(options);
-    std::vector<std::int16_t> samples;
-    const RenderOutcome outcome = renderRecorder(
-        recorder, [&bar](float progress) { drawProgress(bar, static_cast<double>(progress)); }, samples);
-    if (outcome == RenderOutcome::Done) drawProgress(bar, 1.0);
+    const std::string& output = options.files[1];
+    ProgressBar bar(options, 1);
+    const RenderOutcome outcome = renderRecorderToWav(recorder, output, [&bar](float progress) {
+        drawProgress(bar, 0, static_cast<double>(progress));
+        return !interrupted();
+    });
+    if (outcome == RenderOutcome::Done) drawProgress(bar, 0, 1.0);
     endProgress(bar);
-    const std::string reason = reasonOf(outcome);
-    if (!reason.empty()) return fail(input, reason);
-    return writeOutput(options.files[1], samples);
+    return statusOf(faultOf(outcome, input, output));
 }
 
 }  // namespace veloria::cli

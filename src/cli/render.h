@@ -2,8 +2,9 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
-#include "cli/arguments.h"
+#include "cli/output.h"
 
 namespace veloria::cli {
 
@@ -13,7 +14,11 @@ inline constexpr std::size_t kTailFrames = 44100;  // a second for what still ri
 // hold.
 [[nodiscard]] bool fitsWavFile(double frames);
 
-// Runs the sub-command; the exit status.
+// Renders one file to another. What comes out depends on the input and the options alone. Any thread.
+[[nodiscard]] Fault renderFile(const Options& options, const std::string& input, const std::string& output,
+                               const ProgressOfFile& progress);
+
+// Runs the sub-command with one input and one output; the exit status.
 [[nodiscard]] int runRender(const Options& options);
 
 }  // namespace veloria::cli

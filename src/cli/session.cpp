@@ -47,6 +47,11 @@ int fail(const std::string& file, const std::string& reason) {
     return kFailed;
 }
 
+int misused(const std::string& error) {
+    std::fprintf(stderr, "veloria-cli: %s (see veloria-cli --help)\n", error.c_str());
+    return kMisused;
+}
+
 std::string loadMidi(Session& session, const std::string& path) {
     if (!platform::canReadFile(path)) return "cannot be opened";
     if (!readMidiFile(session.midi, path, session.engine)) return "holds no MIDI note events";

@@ -33,6 +33,9 @@ struct Session {
 // Writes "veloria-cli: FILE: reason" to standard error and gives kFailed.
 int fail(const std::string& file, const std::string& reason);
 
+// Writes "veloria-cli: ERROR (see veloria-cli --help)" to standard error and gives kMisused.
+int misused(const std::string& error);
+
 // Reads a MIDI file as LOAD does. The reason when it cannot be played; empty when it can.
 [[nodiscard]] std::string loadMidi(Session& session, const std::string& path);
 

@@ -37,12 +37,13 @@ int runWalk(const Options& options) {
     walker.scaleSource = quietScale;
     setWalkerSpeed(walker, options.stepMs);
     walkerStart(walker, session->engine, 0);
-    ProgressBar bar = makeProgressBar(options);
-    std::vector<std::int16_t> samples;
-    renderBlocks(
-        *session, walkFrames(options.seconds),
-        [&](std::size_t done) { walkerTick(walker, session->engine, ticksAt(done)); }, bar, samples);
-    return writeOutput(options.files[0], samples);
+    ProgressBar bar(options, 1);
+    const Fault fault =
+        renderBlocks(*session, walkFrames(options.seconds),
+                     [&](std::size_t done) { walkerTick(walker, session->engine, ticksAt(done)); },
+                     options.files[0], {bar});
+    endProgress(bar);
+    return statusOf(fault);
 }
 
 }  // namespace veloria::cli

@@ -1,5 +1,6 @@
 #include "engine/master.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace veloria {
@@ -20,21 +21,28 @@ float polyphonyTarget(std::size_t sounding) {
     return (1.0f - t) * 0.075f + t * 0.0375f;
 }
 
-float glideMasterLevel(float level, float target) {
-    return level + (target - level) * 0.00045f;
-}
-
 float tremoloAt(double time) {
     // Ten decimals of phi and no factor of pi: the rate is 2 phi radians a second.
     const double turned = time * 1.6180339887;
     return std::sin(static_cast<float>(turned + turned)) * 0.03f + 1.0f;
 }
 
+void feedScopeRing(SynthEngine& engine, const float* mono, std::size_t frames) {
+    while (frames > 0) {
+        const auto pos = static_cast<std::size_t>(engine.scopePos);
+        const std::size_t count = std::min(frames, engine.scopeRing.size() - pos);
+        std::copy(mono, mono + count, engine.scopeRing.data() + pos);
+        engine.scopePos = static_cast<std::int32_t>(pos + count) & (kScopeRingSize - 1);
+        mono += count;
+        frames -= count;
+    }
+}
+
 void writeMaster(SynthEngine& engine, float left, float right, float out[2]) {
     out[0] = std::tanh(engine.masterLevel * left);
     out[1] = std::tanh(engine.masterLevel * right);
-    engine.scopeRing[static_cast<std::size_t>(engine.scopePos)] = (out[0] + out[1]) * 0.5f;
-    engine.scopePos = (engine.scopePos + 1) & (kScopeRingSize - 1);
+    const float mono = (out[0] + out[1]) * 0.5f;
+    feedScopeRing(engine, &mono, 1);
 }
 
 }  // namespace veloria

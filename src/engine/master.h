@@ -11,10 +11,15 @@ namespace veloria {
 [[nodiscard]] float polyphonyTarget(std::size_t sounding);
 
 // One sample of the one-pole glide of `level` towards `target`; time constant about 2222 samples (50 ms).
-[[nodiscard]] float glideMasterLevel(float level, float target);
+[[nodiscard]] inline float glideMasterLevel(float level, float target) {
+    return level + (target - level) * 0.00045f;
+}
 
 // The gain that all voices share at `time` (s): 1 +- 3 %, about 0.515 Hz.
 [[nodiscard]] float tremoloAt(double time);
+
+// Writes mono output into the scope ring. Audio thread.
+void feedScopeRing(SynthEngine& engine, const float* mono, std::size_t frames);
 
 // Soft-limits the voices' sums into out[0], out[1] (within -1 to 1) and feeds the scope ring. Audio thread.
 void writeMaster(SynthEngine& engine, float left, float right, float out[2]);

@@ -10,23 +10,11 @@ namespace veloria {
 namespace {
 
 constexpr double kAttackSeconds = 0.005;
-constexpr double kReleaseSeconds = 0.02;
 
 std::size_t countSounding(const SynthEngine& engine, double time) {
     return static_cast<std::size_t>(std::count_if(
         engine.voices.begin(), engine.voices.end(),
         [time](const Voice& voice) { return isSounding(voice.startTime, voice.endTime, time); }));
-}
-
-VoiceOverrides loadGlobals(const GlobalSettings& globals) {
-    return {.fibonacciCount = globals.fibonacciCount,
-            .piCount = globals.piCount,
-            .teslaCount = globals.teslaCount,
-            .octaveSteps = globals.octaveSteps,
-            .phiSteps = globals.phiSteps,
-            .fibPhase = globals.fibPhase,
-            .teslaPhase = globals.teslaPhase,
-            .waveform = globals.waveform};
 }
 
 // What is the same for all voices of one sample.
@@ -53,11 +41,26 @@ void addVoice(StereoSum& sum, Voice& voice, const ChannelState& channel, const S
 
 }  // namespace
 
-float envelopeAt(const Voice& voice, double time) {
+VoiceOverrides loadGlobals(const GlobalSettings& globals) {
+    return {.fibonacciCount = globals.fibonacciCount,
+            .piCount = globals.piCount,
+            .teslaCount = globals.teslaCount,
+            .octaveSteps = globals.octaveSteps,
+            .phiSteps = globals.phiSteps,
+            .fibPhase = globals.fibPhase,
+            .teslaPhase = globals.teslaPhase,
+            .waveform = globals.waveform};
+}
+
+double attackSeconds(const Voice& voice) {
     const double duration = voice.endTime - voice.startTime;
+    return duration < kAttackSeconds ? duration * 0.2 : kAttackSeconds;
+}
+
+float envelopeAt(const Voice& voice, double time) {
     const double age = time - voice.startTime;
     const double left = voice.endTime - time;
-    const double attack = duration < kAttackSeconds ? duration * 0.2 : kAttackSeconds;
+    const double attack = attackSeconds(voice);
     double env = 1.0;
     if (age < attack) {
         if (attack > 0.0) env = age / attack;

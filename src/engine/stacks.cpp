@@ -27,57 +27,62 @@ StepRatios powersOf(double base) {
 const StepRatios kOctaveRatios = powersOf(2.0);
 const StepRatios kPhiRatios = powersOf(kPhi);
 
-// What a voice's partials add up to.
-struct PartialSum {
-    Voice& voice;
-    std::int32_t waveform;
-    float sum = 0.0f;
-    float weight = 0.0f;
-
-    void add(double hz, int slot, double offset, float w) {
-        if (!isAudible(hz)) return;
-        sum += oscillate(voice.phases[static_cast<std::size_t>(slot)], hz, offset, waveform) * w;
-        weight += w;
-    }
-};
-
-void addFibonacci(PartialSum& out, const VoiceOverrides& settings) {
+template <class Add>
+void visitFibonacci(double frequency, const VoiceOverrides& settings, Add& add) {
     const int count = std::min<int>(settings.fibonacciCount, static_cast<int>(fibonacciMultipliers.size()));
     for (int i = 0; i < count; ++i) {
         const std::int32_t m = fibonacciMultipliers[static_cast<std::size_t>(i)];
         const double offset =
             settings.fibPhase == 0 ? 0.0 : (2.0 * i * kPi / kPhiSquared) * (settings.fibPhase / 100.0);
-        out.add(m * out.voice.frequency, kFibonacciSlot + i, offset, 1.0f / static_cast<float>(m));
+        add(Partial{m * frequency, offset, 1.0f / static_cast<float>(m), kFibonacciSlot + i});
     }
 }
 
-void addPi(PartialSum& out, const VoiceOverrides& settings) {
+template <class Add>
+void visitPi(double frequency, const VoiceOverrides& settings, Add& add) {
     const int count = std::min<int>(settings.piCount, static_cast<int>(piDigits.size()));
     for (int i = 0; i < count; ++i) {
         const std::int32_t m = piDigits[static_cast<std::size_t>(i)];
-        out.add(m * out.voice.frequency, kPiSlot + i, 0.0, 1.0f / static_cast<float>(m));
+        add(Partial{m * frequency, 0.0, 1.0f / static_cast<float>(m), kPiSlot + i});
     }
 }
 
-void addTesla(PartialSum& out, const VoiceOverrides& settings) {
+template <class Add>
+void visitTesla(double frequency, const VoiceOverrides& settings, Add& add) {
     const int count = std::min<int>(settings.teslaCount, static_cast<int>(teslaMultipliers.size()));
     for (int i = 0; i < count; ++i) {
         const auto place = static_cast<std::size_t>(i);
         const std::int32_t m = teslaMultipliers[place];
         const double offset =
             settings.teslaPhase == 0 ? 0.0 : (settings.teslaPhase / 100.0) * kTeslaTurns[place];
-        out.add(m * out.voice.frequency, kTeslaSlot + i, offset, 1.0f / static_cast<float>(m));
+        add(Partial{m * frequency, offset, 1.0f / static_cast<float>(m), kTeslaSlot + i});
     }
 }
 
 // The steps accumulate: 3 stacks the first, second and third power together.
-void addSteps(PartialSum& out, std::int32_t steps, const StepRatios& ratios, int (*slotOf)(int)) {
+template <class Add>
+void visitSteps(double frequency, std::int32_t steps, const StepRatios& ratios, int (*slotOf)(int),
+                Add& add) {
     const int count = std::min(std::abs(steps), kMaxSteps);
     for (int step = 1; step <= count; ++step) {
         double ratio = ratios[static_cast<std::size_t>(step)];
         if (steps < 0) ratio = 1.0 / ratio;
-        out.add(ratio * out.voice.frequency, slotOf(step), 0.0, 0.5f / static_cast<float>(step));
+        add(Partial{ratio * frequency, 0.0, 0.5f / static_cast<float>(step), slotOf(step)});
     }
+}
+
+// Hands the fundamental and every stacked partial that is audible to `add`, in the order of their sum.
+template <class Add>
+void visitPartials(double frequency, const VoiceOverrides& settings, Add add) {
+    auto addAudible = [&add](const Partial& partial) {
+        if (isAudible(partial.hz)) add(partial);
+    };
+    addAudible(Partial{frequency, 0.0, 1.0f, kFundamentalSlot});
+    visitFibonacci(frequency, settings, addAudible);
+    visitPi(frequency, settings, addAudible);
+    visitTesla(frequency, settings, addAudible);
+    visitSteps(frequency, settings.octaveSteps, kOctaveRatios, octaveSlot, addAudible);
+    visitSteps(frequency, settings.phiSteps, kPhiRatios, phiSlot, addAudible);
 }
 
 }  // namespace
@@ -117,15 +122,23 @@ float oscillate(double& phase, double hz, double offset, std::int32_t waveform) 
     }
 }
 
+int listPartials(double frequency, const VoiceOverrides& settings, PartialList& partials) {
+    int count = 0;
+    visitPartials(frequency, settings, [&partials, &count](const Partial& partial) {
+        partials[static_cast<std::size_t>(count++)] = partial;
+    });
+    return count;
+}
+
 float renderPartials(Voice& voice, const VoiceOverrides& settings) {
-    PartialSum out{voice, settings.waveform};
-    out.add(voice.frequency, kFundamentalSlot, 0.0, 1.0f);
-    addFibonacci(out, settings);
-    addPi(out, settings);
-    addTesla(out, settings);
-    addSteps(out, settings.octaveSteps, kOctaveRatios, octaveSlot);
-    addSteps(out, settings.phiSteps, kPhiRatios, phiSlot);
-    return out.weight > 0.0f ? out.sum / out.weight : out.sum;
+    float sum = 0.0f;
+    float weight = 0.0f;
+    visitPartials(voice.frequency, settings, [&](const Partial& partial) {
+        double& phase = voice.phases[static_cast<std::size_t>(partial.slot)];
+        sum += oscillate(phase, partial.hz, partial.offset, settings.waveform) * partial.weight;
+        weight += partial.weight;
+    });
+    return weight > 0.0f ? sum / weight : sum;
 }
 
 }  // namespace veloria

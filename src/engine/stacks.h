@@ -35,6 +35,22 @@ inline constexpr int kMaxSteps = 4;       // octave and phi steps
     return hz >= 20.0 && hz < 22050.0;
 }
 
+// One audible partial of a voice.
+struct Partial {
+    double hz = 0.0;
+    double offset = 0.0;  // radians, added to the phase
+    float weight = 0.0f;  // share in the voice's sum
+    int slot = 0;         // where its phase stands
+};
+
+// The fundamental and every stack at its limit.
+inline constexpr int kMaxPartials = 1 + 14 + 14 + 3 + 2 * kMaxSteps;
+using PartialList = std::array<Partial, kMaxPartials>;
+
+// Writes the audible partials of a voice of `frequency` (Hz) to the head of `partials`, in the order of their
+// sum, and gives their number. `settings` are resolved.
+[[nodiscard]] int listPartials(double frequency, const VoiceOverrides& settings, PartialList& partials);
+
 // `overrides` with each negative field replaced by the engine's `globals`.
 [[nodiscard]] VoiceOverrides resolveSettings(const VoiceOverrides& overrides, const VoiceOverrides& globals);
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/relaxed.h"
+#include "engine/partial_table.h"
 #include "engine/voice.h"
 #include "frequency/tables.h"
 
@@ -40,6 +41,9 @@ struct SynthEngine : GlobalSettings {
     std::array<bool, kAvatarFamilySize> rotationHeld{};
     std::array<bool, kShadowIndexCount> shadowHeld{};
 
+    // What renderStereoBlock worked out for the voices at the same places of the list. It belongs to the
+    // renderer; a table that does not fit its voice is built anew.
+    std::vector<PartialTable> partialTables{kVoiceFigure + 1};
     std::vector<Voice> voices;  // order is not stable: an ended voice's place is taken by the last
     std::array<ChannelState, kChannelCount> channels;
     Relaxed<double> time{0.0};  // s, the sample clock

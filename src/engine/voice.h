@@ -26,19 +26,21 @@ struct VoiceOverrides {
     std::int32_t waveform = -1;        // 0 sine, 1 saw, 2 square, 3 triangle; any other number is silence
 };
 
+using PhaseArray = std::array<double, kPhaseSlots>;
+
 // A note lives from startTime to endTime on the engine's clock; a note-off only moves endTime.
 struct Voice {
-    double frequency = 0.0;                    // Hz, the fundamental
-    std::int32_t midiNote = -1;                // key number; -1 for a note that did not come from MIDI
-    float volume = 0.0f;                       // amplitude at the start
-    float targetVolume = -1.0f;                // amplitude to reach at the end; negative for no glide
-    double startTime = 0.0;                    // s; in the future, the voice waits, silent and unchanged
-    double endTime = 0.0;                      // s
-    std::int32_t channel = 0;                  // 0 to 15
-    std::array<double, kPhaseSlots> phases{};  // radians, 0 to 2 pi; the map of slots stands with the stacks
-    float pan = 0.5f;                          // 0 left, 1 right
-    std::int32_t stealRank = 0;                // the highest is stolen first when a MIDI channel is full
-    std::uint32_t id = 0;                      // running number
+    double frequency = 0.0;      // Hz, the fundamental
+    std::int32_t midiNote = -1;  // key number; -1 for a note that did not come from MIDI
+    float volume = 0.0f;         // amplitude at the start
+    float targetVolume = -1.0f;  // amplitude to reach at the end; negative for no glide
+    double startTime = 0.0;      // s; in the future, the voice waits, silent and unchanged
+    double endTime = 0.0;        // s
+    std::int32_t channel = 0;    // 0 to 15
+    PhaseArray phases{};         // radians, 0 to 2 pi; the map of slots stands with the stacks
+    float pan = 0.5f;            // 0 left, 1 right
+    std::int32_t stealRank = 0;  // the highest is stolen first when a MIDI channel is full
+    std::uint32_t id = 0;        // running number
     VoiceOverrides overrides;
     std::int32_t tuningTag = 0;  // row of ratioTable that the tuner used; 0 none. Not read by the renderer
 };

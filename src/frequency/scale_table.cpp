@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 #include "base/fixed_text.h"
+#include "base/whole_file.h"
 
 namespace veloria {
 
@@ -56,11 +56,9 @@ std::string dumpLine(std::int32_t index, const ScaleEntry& row) {
 }
 
 void writeDump(const ScaleTable& table) {
-    std::FILE* file = std::fopen(kScaleDumpName, "w");
-    if (file == nullptr) return;
     const std::string text = scaleDumpText(table);
-    std::fwrite(text.data(), 1, text.size(), file);
-    std::fclose(file);
+    // Whether it was written is not said.
+    static_cast<void>(writeWholeFile(kScaleDumpName, text.data(), text.size()));
 }
 
 }  // namespace

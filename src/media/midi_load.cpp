@@ -5,7 +5,6 @@
 
 #include "engine/control.h"
 #include "media/midi_parser.h"
-#include "platform/message_box.h"
 
 namespace veloria {
 
@@ -28,12 +27,6 @@ bool readMidiFile(MidiFile& file, const std::string& path, SynthEngine& engine) 
     }
     file.duration = lastNoteEnd(file.notes);
     return true;
-}
-
-bool loadMidiFile(MidiFile& file, const std::string& path, SynthEngine& engine) {
-    const bool read = readMidiFile(file, path, engine);
-    if (!read) platform::messageBox("Failed to parse MIDI file!", "Error", platform::MessageIcon::Error);
-    return read;
 }
 
 }  // namespace veloria

@@ -13,7 +13,4 @@ namespace veloria {
 // keep their old values.
 [[nodiscard]] bool readMidiFile(MidiFile& file, const std::string& path, SynthEngine& engine);
 
-// As above, and tells the user of a failure in a message box.
-bool loadMidiFile(MidiFile& file, const std::string& path, SynthEngine& engine);
-
 }  // namespace veloria

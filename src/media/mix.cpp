@@ -4,6 +4,7 @@
 #include <array>
 #include <span>
 
+#include "engine/flush_denormals.h"
 #include "engine/render.h"
 #include "media/file_samples.h"
 
@@ -27,18 +28,18 @@ void feedScope(ScopeBuffer& scope, float value) {
 
 void mixOutput(const MixSources& sources, const OutputGains& gains, float* out, std::size_t frames,
                ScopeBuffer* scope) {
+    const FlushDenormals flushed;
     const float master = gains.masterGain;
     const float gainLeft = gains.synthGainLeft;
     const float gainRight = gains.synthGainRight;
+    renderStereoBlock(sources.engine, out, frames);
     std::array<float, kMixFrames> file;
     for (std::size_t done = 0; done < frames; done += kMixFrames) {
         const std::size_t count = std::min(kMixFrames, frames - done);
         nextFileSamples(sources.pcm, sources.retuner, std::span(file).first(count));
         for (std::size_t i = 0; i < count; ++i, out += 2) {
-            float synth[2];
-            renderStereoSample(sources.engine, synth);
-            out[0] = clampToFullScale((synth[0] * gainLeft + file[i]) * master);
-            out[1] = clampToFullScale((synth[1] * gainRight + file[i]) * master);
+            out[0] = clampToFullScale((out[0] * gainLeft + file[i]) * master);
+            out[1] = clampToFullScale((out[1] * gainRight + file[i]) * master);
             if (scope != nullptr) feedScope(*scope, (out[0] + out[1]) * 0.5f);
         }
     }

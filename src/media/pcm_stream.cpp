@@ -5,10 +5,10 @@
 
 namespace veloria {
 
-void nextPcmSamples(PcmStream& stream, std::span<float> out) {
+std::size_t nextPcmSamples(PcmStream& stream, std::span<float> out) {
     if (!stream.playing.load(std::memory_order_relaxed)) {
         std::fill(out.begin(), out.end(), 0.0F);
-        return;
+        return 0;
     }
     // Only one reader takes blocks, so the position stays where it is until the block is counted.
     const std::uint64_t size = stream.samples.size();
@@ -21,6 +21,7 @@ void nextPcmSamples(PcmStream& stream, std::span<float> out) {
     if (held < out.size()) stream.playing.store(false, std::memory_order_relaxed);
     // The read that finds the end counts as well.
     stream.position.fetch_add(std::min<std::uint64_t>(left + 1, out.size()), std::memory_order_relaxed);
+    return static_cast<std::size_t>(held);
 }
 
 }  // namespace veloria

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <utility>
@@ -31,8 +32,9 @@ struct PcmStream {
     return stream.samples[index];
 }
 
-// What nextPcmSample would give one after the other, into `out`. Audio thread.
-void nextPcmSamples(PcmStream& stream, std::span<float> out);
+// What nextPcmSample would give one after the other, into `out`. Returns how many of them are the file's;
+// silence follows them. Audio thread.
+std::size_t nextPcmSamples(PcmStream& stream, std::span<float> out);
 
 // Stops the stream, rewinds it and empties it. Main thread, with the audio device paused or its lock held;
 // the old samples come back so that a caller who holds the lock can free them after it.

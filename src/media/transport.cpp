@@ -13,6 +13,7 @@
 #include "platform/clock.h"
 #include "platform/media_command.h"
 #include "platform/message_box.h"
+#include "spectral/drain.h"
 
 namespace veloria {
 
@@ -53,14 +54,25 @@ std::string askMci(const std::string& command) {
     return reply.data();
 }
 
+// What the retuner still holds of a file would sound on after the file.
+void silenceRetuner(const MediaPlayers& players) {
+    const AudioLock lock;
+    players.retuner.ResetStreams();
+}
+
 void loadMidi(Transport& transport, const MediaPlayers& players, const std::string& path) {
-    const DevicePause pause;
-    static_cast<void>(clearPcmStream(players.pcm));
-    transport.kind = MediaKind::Midi;
-    // A file that cannot be parsed leaves the kind at MIDI, with no notes to play.
-    static_cast<void>(loadMidiFile(players.midi, path, players.engine));
-    optimizeMidiFile(players.midi, players.engine);
-    pauseMidi(players.midi, players.engine.time);
+    bool read = false;
+    {
+        const DevicePause pause;
+        static_cast<void>(clearPcmStream(players.pcm));
+        silenceRetuner(players);
+        // A file that cannot be parsed leaves the kind at MIDI, with no notes to play.
+        transport.kind = MediaKind::Midi;
+        read = readMidiFile(players.midi, path, players.engine);
+        optimizeMidiFile(players.midi, players.engine);
+        pauseMidi(players.midi, players.engine.time);
+    }
+    if (!read) platform::messageBox("Failed to parse MIDI file!", "Error", platform::MessageIcon::Error);
 }
 
 void loadPcm(Transport& transport, const MediaPlayers& players, const std::string& path) {
@@ -70,12 +82,12 @@ void loadPcm(Transport& transport, const MediaPlayers& players, const std::strin
         hardReset(players.engine);
         clearMidi(players.midi);
         loaded = loadPcmFile(players.pcm, path);
-        players.retuner.ResetStreams();
+        silenceRetuner(players);
     }
+    transport.kind = loaded ? MediaKind::Pcm : MediaKind::None;
     if (!loaded) {
         platform::messageBox("Could not read audio file!", "Error", platform::MessageIcon::Error);
     }
-    transport.kind = loaded ? MediaKind::Pcm : MediaKind::None;
 }
 
 void loadMci(Transport& transport, const MediaPlayers& players, const std::string& path) {
@@ -84,14 +96,22 @@ void loadMci(Transport& transport, const MediaPlayers& players, const std::strin
         hardReset(players.engine);
         clearMidi(players.midi);
         static_cast<void>(clearPcmStream(players.pcm));
+        silenceRetuner(players);
     }
     const int code = platform::mediaCommand("open \"" + path + "\" alias VeloMedia", nullptr, 0);
+    transport.kind = code == 0 ? MediaKind::Mci : MediaKind::None;
     if (code != 0) {
         std::array<char, kErrorTextSize> text{};
         platform::mediaErrorText(code, text.data(), text.size());
         platform::messageBox(text.data(), "File Open Error", platform::MessageIcon::Error);
     }
-    transport.kind = code == 0 ? MediaKind::Mci : MediaKind::None;
+}
+
+// Fed to its end, and what the retuner held back has been given out.
+bool hasRungOut(const MediaPlayers& players) {
+    if (players.pcm.playing || players.pcm.samples.empty()) return false;
+    const AudioLock lock;
+    return framesToCome(players.retuner, loadSettings(players.retuner)) == 0;
 }
 
 bool hasEnded(Transport& transport, const MediaPlayers& players, std::uint32_t now) {
@@ -99,7 +119,7 @@ bool hasEnded(Transport& transport, const MediaPlayers& players, std::uint32_t n
         case MediaKind::Midi:
             return midiFinished(players.midi, players.engine);
         case MediaKind::Pcm:
-            return !players.pcm.playing && !players.pcm.samples.empty();
+            return hasRungOut(players);
         case MediaKind::Mci:
             if (now - transport.lastMciPoll < kMciPollMs) return false;
             transport.lastMciPoll = now;
@@ -168,6 +188,7 @@ void stopMedia(Transport& transport, const MediaPlayers& players) {
         case MediaKind::None:
             break;
     }
+    silenceRetuner(players);
     stopDrones(players.engine);
 }
 
@@ -181,6 +202,7 @@ void resetMedia(Transport& transport, const MediaPlayers& players) {
         // The device runs on: the callback must not be inside the samples while they go.
         const AudioLock lock;
         dropped = clearPcmStream(players.pcm);
+        players.retuner.ResetStreams();
         clearMidi(players.midi);
         transport.kind = MediaKind::None;
     }

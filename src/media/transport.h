@@ -46,7 +46,7 @@ void loadMedia(Transport& transport, const MediaPlayers& players, const std::str
 // Starts or goes on, and starts the drones when an activation mode is on.
 void playMedia(Transport& transport, const MediaPlayers& players);
 
-// Pauses at the place, and ends the drones.
+// Pauses at the place, ends the drones, and silences what the retuner still holds of the file.
 void stopMedia(Transport& transport, const MediaPlayers& players);
 
 // Drops the file and every voice.

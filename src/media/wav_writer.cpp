@@ -4,9 +4,6 @@
 #include <array>
 #include <bit>
 #include <cmath>
-#include <cstdio>
-
-#include "platform/files.h"
 
 namespace veloria {
 
@@ -47,6 +44,11 @@ Header makeHeader(std::uint32_t dataSize) {
     return header;
 }
 
+std::uint32_t dataSizeOf(std::uint64_t frames) {
+    // With the length unknown the sizes are the largest, as other programs write them into pipes.
+    return static_cast<std::uint32_t>(std::min(frames, kMaxWavFrames) * kBytesPerFrame);
+}
+
 }  // namespace
 
 std::int16_t toSample16(float value) {
@@ -55,17 +57,32 @@ std::int16_t toSample16(float value) {
     return static_cast<std::int16_t>(std::clamp(scaled, -32768.0, 32767.0));
 }
 
-bool writeWavFile(const std::string& path, std::span<const std::int16_t> samples) {
+WavFile::WavFile(const std::string& path, std::uint64_t frames) : file_(path), promised_(frames) {
+    const Header header = makeHeader(dataSizeOf(frames));
+    file_.write(header.data(), header.size());
+}
+
+bool WavFile::write(std::span<const std::int16_t> samples) {
     static_assert(std::endian::native == std::endian::little, "samples are written as they lie in memory");
+    const std::uint64_t frames = samples.size() / 2;
+    if (frames > kMaxWavFrames - frames_) return false;
+    frames_ += frames;
+    return file_.write(samples.data(), 2 * frames * sizeof(std::int16_t));
+}
+
+bool WavFile::finish() {
+    // Behind the end of a pipe the sizes stay as they were promised.
+    if (frames_ != promised_ && file_.canRewind()) {
+        const Header header = makeHeader(dataSizeOf(frames_));
+        file_.rewriteStart(header.data(), header.size());
+    }
+    return file_.finish();
+}
+
+bool writeWavFile(const std::string& path, std::span<const std::int16_t> samples) {
     if (samples.size() / 2 > kMaxWavFrames) return false;
-    platform::FileHandle file = platform::openFile(path, "wb");
-    if (!file) return false;
-    const auto dataSize = static_cast<std::uint32_t>(samples.size() * sizeof(std::int16_t));
-    const Header header = makeHeader(dataSize);
-    bool written = std::fwrite(header.data(), 1, header.size(), file.get()) == header.size();
-    if (dataSize > 0) written = std::fwrite(samples.data(), 1, dataSize, file.get()) == dataSize && written;
-    // A full disk often shows only when the last buffer goes out.
-    return std::fclose(file.release()) == 0 && written;
+    WavFile file(path, samples.size() / 2);
+    return file.write(samples) && file.finish();
 }
 
 }  // namespace veloria

@@ -1,10 +1,12 @@
 // Opening files by the paths that the choosers return.
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +22,16 @@ using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
 // True for a regular file that can be opened for reading. Never waits, as opening a pipe would.
 [[nodiscard]] bool canReadFile(const std::string& path);
+
+// What one file is known by under all of its names.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0;
+    auto operator<=>(const FileIdentity&) const = default;
+};
+
+// Nothing when there is no such file, or the system tells no identity. Links are followed.
+[[nodiscard]] std::optional<FileIdentity> fileIdentity(const std::string& path);
 
 // The whole of a regular file. False when it cannot be opened or read to its end, or when memory does not
 // suffice; `bytes` is empty then.

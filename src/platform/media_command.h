@@ -14,8 +14,11 @@ namespace veloria::platform {
 // "playing"; "paused" while the player waits for data or its device; "stopped" before the first play, after
 // stop, at the end and after a failure under way; "not ready", with a code, when nothing is open. Returns 0
 // on success, otherwise a code for mediaErrorText. The path of "open" is what stands between the first and
-// the last double quote; "open" waits until the file is known to play (5 s at the most) and refuses files
-// that hold no sound. A seek behind the end is refused and changes nothing.
+// the last double quote; only a regular file that can be read is opened, and "open" waits until it is known
+// to play and refuses files that hold no sound. A seek behind the end is refused and changes nothing.
+// Commands come back whatever the player does (on Linux): "open" after 4 s at the latest, the others so soon
+// that none of the transport's operations takes more than 5 s. A player that has hung is refused all but
+// "close" from then on, and its mode is "stopped".
 [[nodiscard]] int mediaCommand(const std::string& command, char* reply, std::size_t replySize);
 
 // The reason behind a code that mediaCommand returned, cut to `size` - 1 bytes.

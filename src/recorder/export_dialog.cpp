@@ -1,5 +1,6 @@
 #include "recorder/export_dialog.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
@@ -17,7 +18,11 @@ namespace veloria {
 namespace {
 
 constexpr std::uint32_t kSettleMs = 30;
-constexpr std::uint32_t kFrameMs = 16;  // a long file must not spend its time on drawing
+constexpr std::uint32_t kFrameMs = 16;
+// An export that is over at once shows nothing of itself.
+constexpr std::uint32_t kFirstFrameMs = 100;
+// Rendering goes on for this many times as long as the last drawing took: an eighth of the time is drawing.
+constexpr std::uint32_t kRendersPerDrawing = 7;
 
 constexpr std::array<platform::FileFilter, 2> kFilters = {{{"WAV Files", "*.wav"}, {"All Files", "*.*"}}};
 constexpr platform::SaveDialog kDialog{"Export Recorder to WAV", kFilters, "recorder_export.wav", "wav"};
@@ -62,21 +67,27 @@ class ExportView {
     ExportView(const ExportView&) = delete;
     ExportView& operator=(const ExportView&) = delete;
 
-    void show(float progress) {
+    // False when the user ends the export.
+    bool show(float progress) {
         recorder_.exportProgress = progress;
-        if (surroundings_.pumpEvents) surroundings_.pumpEvents();
         const std::uint32_t now = platform::ticksMs();
-        if (drawn_ && now - lastDrawn_ < kFrameMs) return;
-        drawn_ = true;
-        lastDrawn_ = now;
-        if (surroundings_.drawFrame) surroundings_.drawFrame(now);
+        if (now - asked_ >= kFrameMs) {
+            asked_ = now;
+            if (surroundings_.goesOn && !surroundings_.goesOn()) return false;
+        }
+        if (now - drawn_ < pauseMs_ || !surroundings_.drawFrame) return true;
+        surroundings_.drawFrame(now);
+        drawn_ = platform::ticksMs();
+        pauseMs_ = std::max(kFrameMs, kRendersPerDrawing * (drawn_ - now));
+        return true;
     }
 
   private:
     Recorder& recorder_;
     const ExportSurroundings& surroundings_;
-    bool drawn_ = false;
-    std::uint32_t lastDrawn_ = 0;  // ms
+    std::uint32_t asked_ = platform::ticksMs();  // when the user was last listened to
+    std::uint32_t drawn_ = asked_;               // when the last drawing was done
+    std::uint32_t pauseMs_ = kFirstFrameMs;      // from then to the next
 };
 
 void clearScopes(SynthEngine& engine, ScopeBuffer* scope) {
@@ -89,7 +100,8 @@ void clearScopes(SynthEngine& engine, ScopeBuffer* scope) {
 void render(Recorder& recorder, const std::string& path, const ExportSurroundings& surroundings) {
     ExportView view(recorder, surroundings);
     // Whether the file was written is not said: it is there or it is not.
-    static_cast<void>(exportRecorderToWav(recorder, path, [&view](float progress) { view.show(progress); }));
+    static_cast<void>(
+        exportRecorderToWav(recorder, path, [&view](float progress) { return view.show(progress); }));
 }
 
 void drawLastFrame(const ExportSurroundings& surroundings) {
@@ -105,11 +117,12 @@ void drawLastFrame(const ExportSurroundings& surroundings) {
 
 void exportRecorderDialog(Recorder& recorder, SynthEngine& engine, const ExportSurroundings& surroundings) {
     if (recorder.clipCount == 0) return;
+    // Everything sounds on while the user looks for a name.
+    const std::string path = platform::chooseFileToSave(kDialog);
+    if (path.empty()) return;
     std::optional<MidiPause>
         midiPause;  // made before the device's, so that the file goes on after the device
     const DevicePause devicePause;
-    const std::string path = platform::chooseFileToSave(kDialog);
-    if (path.empty()) return;
     midiPause.emplace(surroundings.midi, engine);
     hardReset(engine);
     recorder.activeClips.clear();  // their voices are gone; the next tick begins them anew

@@ -27,12 +27,14 @@ struct ClipShape {
     bool operator==(const ClipShape&) const = default;
 };
 
-// Everything that the picture of the clips and of the rows beneath them depends on.
+// Everything that the picture of the clips, and of the rows, the grid and the range beneath them depends on.
 struct ClipScene {
     std::array<int, 4> place{};  // x, y, w, h of the picture: the rows as far as they are seen
     int rowH = 0;
     int scrollY = 0;
     TTF_Font* font = nullptr;
+    std::array<double, 2> view{};   // s, start and span: where the grid's lines stand
+    std::array<double, 2> range{};  // s, from and to; both 0 while none is shown
     std::vector<ClipShape> shapes;  // in the order of drawing
     bool operator==(const ClipScene&) const = default;
 };

@@ -1,10 +1,14 @@
 #include "recorder/wav_export.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
+#include <optional>
+#include <span>
 #include <utility>
 
 #include "engine/audio_lock.h"
+#include "engine/flush_denormals.h"
 #include "engine/render.h"
 #include "media/wav_writer.h"
 #include "platform/audio_device.h"
@@ -17,7 +21,8 @@ namespace {
 
 constexpr std::size_t kTailFrames = 44100;     // a second for what still rings
 constexpr std::size_t kProgressFrames = 4410;  // a tenth of a second
-constexpr float kStartLevel = 0.3f;            // what a new engine's master level is
+constexpr std::size_t kBlockFrames = 512;
+constexpr float kStartLevel = 0.3f;  // what a new engine's master level is
 
 // Puts a list of voices into the engine in place of its own, on a clock of 0, for as long as it lives. The
 // device is paused before the swap: a callback in between would render the borrowed voices.
@@ -52,6 +57,9 @@ class BorrowedEngine {
     float masterLevel_ = 0.0f;
 };
 
+// Takes the next interleaved samples; false ends the render.
+using SampleSink = std::function<bool(std::span<const std::int16_t>)>;
+
 // Voices that have not begun, the next one last. The renderer walks its whole list for each sample, so a
 // voice enters it only when it is due; waiting there it would be silent and unchanged.
 using WaitingVoices = std::vector<Voice>;
@@ -67,33 +75,55 @@ WaitingVoices takeWaiting(std::vector<Voice>& voices) {
     return waiting;
 }
 
-void admitDue(SynthEngine& engine, WaitingVoices& waiting) {
-    const double time = engine.time + kSampleSeconds;  // the clock of the sample to come
+// Admits what is due within the `frames` to come; a voice that has not begun yet waits in the list as well.
+void admitDue(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames) {
+    const double time = engine.time + static_cast<double>(frames + 1) * kSampleSeconds;
     while (!waiting.empty() && waiting.back().startTime <= time) {
         engine.voices.push_back(waiting.back());
         waiting.pop_back();
     }
 }
 
-// Whether a file can hold the whole frames of `exact` (not below 0) and the tail.
-bool fitsFile(double exact) {
-    return exact < static_cast<double>(kMaxWavFrames - kTailFrames + 1);
+// Frames of a render of `seconds` and its tail. Only `outcome` Done makes them count: a length below 0 or not
+// a number makes Nothing, and one that no file can hold TooLong.
+std::size_t framesOf(double seconds, RenderOutcome& outcome) {
+    outcome = RenderOutcome::Nothing;
+    if (!(seconds >= 0.0)) return 0;
+    outcome = RenderOutcome::TooLong;
+    const double exact = seconds * kSampleRate;
+    if (!(exact < static_cast<double>(kMaxWavFrames - kTailFrames + 1))) return 0;
+    outcome = RenderOutcome::Done;
+    return kTailFrames + static_cast<std::size_t>(exact);
 }
 
-void renderFrames(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames,
-                  const ExportProgress& progress, std::vector<std::int16_t>& samples) {
-    if (progress) progress(0.0f);
-    samples.resize(2 * frames);
-    for (std::size_t i = 0; i < frames; ++i) {
-        float out[2];
-        admitDue(engine, waiting);
-        renderStereoSample(engine, out);
-        samples[2 * i] = toSample16(out[0]);
-        samples[2 * i + 1] = toSample16(out[1]);
-        if (progress && i % kProgressFrames == 0) {
-            progress(static_cast<float>(i) / static_cast<float>(frames));
+// The next `frames` interleaved frames.
+void renderBlock(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames, float* out) {
+    for (std::size_t done = 0; done < frames;) {
+        const std::size_t count = std::min(kBlockFrames, frames - done);
+        admitDue(engine, waiting, count);
+        renderStereoBlock(engine, out + 2 * done, count);
+        done += count;
+    }
+}
+
+// All frames, block by block into `sink`.
+RenderOutcome renderFrames(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames,
+                           const ExportProgress& progress, const SampleSink& sink) {
+    const FlushDenormals flushed;
+    if (progress && !progress(0.0f)) return RenderOutcome::Cancelled;
+    std::vector<float> block(2 * kProgressFrames);
+    std::vector<std::int16_t> samples(2 * kProgressFrames);
+    for (std::size_t done = 0; done < frames; done += kProgressFrames) {
+        const std::size_t count = std::min(kProgressFrames, frames - done);
+        renderBlock(engine, waiting, count, block.data());
+        std::transform(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(2 * count), samples.begin(),
+                       toSample16);
+        if (!sink({samples.data(), 2 * count})) return RenderOutcome::NotWritten;
+        if (progress && !progress(static_cast<float>(done) / static_cast<float>(frames))) {
+            return RenderOutcome::Cancelled;
         }
     }
+    return RenderOutcome::Done;
 }
 
 Voice voiceOf(const RecorderClip& clip, double frequency, double begin, double seconds) {
@@ -134,48 +164,96 @@ ExportPlan planExport(const Recorder& recorder) {
     return plan;
 }
 
-RenderOutcome renderVoices(SynthEngine& engine, std::vector<Voice> voices, double seconds,
-                           const ExportProgress& progress, std::vector<std::int16_t>& samples) {
-    samples.clear();
-    if (!(seconds >= 0.0)) return RenderOutcome::Nothing;
-    const double exact = seconds * kSampleRate;
-    if (!fitsFile(exact)) return RenderOutcome::TooLong;
-    const std::size_t frames = kTailFrames + static_cast<std::size_t>(exact);
+namespace {
+
+// Renders the plan into what `open`, told the frames, makes of them: a sink, or an empty one when there is
+// nowhere for the sound to go.
+RenderOutcome renderPlan(SynthEngine& engine, ExportPlan plan, const ExportProgress& progress,
+                         const std::function<SampleSink(std::size_t frames)>& open) {
+    RenderOutcome outcome{};
+    const std::size_t frames = framesOf(plan.seconds, outcome);
+    if (outcome != RenderOutcome::Done) return outcome;
     try {
-        WaitingVoices waiting = takeWaiting(voices);
-        const BorrowedEngine borrowed(engine, std::move(voices));
-        renderFrames(engine, waiting, frames, progress, samples);
-        return RenderOutcome::Done;
+        const SampleSink sink = open(frames);
+        if (!sink) return RenderOutcome::NotWritten;
+        WaitingVoices waiting = takeWaiting(plan.voices);
+        const BorrowedEngine borrowed(engine, std::move(plan.voices));
+        return renderFrames(engine, waiting, frames, progress, sink);
     } catch (...) {
-        samples = {};
         return RenderOutcome::GivenUp;
     }
 }
 
-RenderOutcome renderRecorder(Recorder& recorder, const ExportProgress& progress,
-                             std::vector<std::int16_t>& samples) {
-    samples.clear();
+// The plan of the recorder's arrangement, if there is anything in it.
+RenderOutcome planRender(const Recorder& recorder, ExportPlan& plan) {
     if (recorder.engine == nullptr || recorder.clipCount == 0) return RenderOutcome::Nothing;
-    ExportPlan plan;
     try {
         plan = planExport(recorder);
     } catch (const std::exception&) {  // no memory
         return RenderOutcome::GivenUp;
     }
-    if (!(plan.seconds > 0.0)) return RenderOutcome::Nothing;
-    return renderVoices(*recorder.engine, std::move(plan.voices), plan.seconds, progress, samples);
+    return plan.seconds > 0.0 ? RenderOutcome::Done : RenderOutcome::Nothing;
+}
+
+RenderOutcome renderToSamples(SynthEngine& engine, ExportPlan plan, const ExportProgress& progress,
+                              std::vector<std::int16_t>& samples) {
+    samples.clear();
+    const auto keep = [&samples](std::size_t frames) -> SampleSink {
+        samples.reserve(2 * frames);
+        return [&samples](std::span<const std::int16_t> block) {
+            samples.insert(samples.end(), block.begin(), block.end());
+            return true;
+        };
+    };
+    const RenderOutcome outcome = renderPlan(engine, std::move(plan), progress, keep);
+    if (outcome != RenderOutcome::Done) samples = {};
+    return outcome;
+}
+
+RenderOutcome renderToFile(SynthEngine& engine, const std::string& path, ExportPlan plan,
+                           const ExportProgress& progress) {
+    std::optional<WavFile> file;
+    const auto open = [&](std::size_t frames) -> SampleSink {
+        file.emplace(path, frames);
+        if (!file->good()) return {};
+        return [&file](std::span<const std::int16_t> block) { return file->write(block); };
+    };
+    const RenderOutcome outcome = renderPlan(engine, std::move(plan), progress, open);
+    if (outcome == RenderOutcome::Done && !file->finish()) return RenderOutcome::NotWritten;
+    return outcome;
+}
+
+}  // namespace
+
+RenderOutcome renderVoices(SynthEngine& engine, std::vector<Voice> voices, double seconds,
+                           const ExportProgress& progress, std::vector<std::int16_t>& samples) {
+    return renderToSamples(engine, {std::move(voices), seconds}, progress, samples);
+}
+
+RenderOutcome renderRecorder(Recorder& recorder, const ExportProgress& progress,
+                             std::vector<std::int16_t>& samples) {
+    samples.clear();
+    ExportPlan plan;
+    const RenderOutcome outcome = planRender(recorder, plan);
+    if (outcome != RenderOutcome::Done) return outcome;
+    return renderToSamples(*recorder.engine, std::move(plan), progress, samples);
 }
 
 bool renderVoicesToWav(SynthEngine& engine, const std::string& path, std::vector<Voice> voices,
                        double seconds, const ExportProgress& progress) {
-    std::vector<std::int16_t> samples;
-    return renderVoices(engine, std::move(voices), seconds, progress, samples) == RenderOutcome::Done &&
-           writeWavFile(path, samples);
+    return renderToFile(engine, path, {std::move(voices), seconds}, progress) == RenderOutcome::Done;
+}
+
+RenderOutcome renderRecorderToWav(Recorder& recorder, const std::string& path,
+                                  const ExportProgress& progress) {
+    ExportPlan plan;
+    const RenderOutcome outcome = planRender(recorder, plan);
+    if (outcome != RenderOutcome::Done) return outcome;
+    return renderToFile(*recorder.engine, path, std::move(plan), progress);
 }
 
 bool exportRecorderToWav(Recorder& recorder, const std::string& path, const ExportProgress& progress) {
-    std::vector<std::int16_t> samples;
-    return renderRecorder(recorder, progress, samples) == RenderOutcome::Done && writeWavFile(path, samples);
+    return renderRecorderToWav(recorder, path, progress) == RenderOutcome::Done;
 }
 
 }  // namespace veloria

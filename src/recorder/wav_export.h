@@ -1,6 +1,6 @@
-// Rendering the arrangement to sound, faster than it would play, and writing it as a WAV file. Main thread
-// only; the audio device is paused while it renders and runs afterwards. The engine has its own voices, clock
-// and master level back, in every case, before a file is opened.
+// Rendering the arrangement to sound, faster than it would play, and writing it as a WAV file while it is
+// made. Main thread only; the audio device is paused while it renders and runs afterwards. The engine has its
+// own voices, clock and master level back in every case.
 #pragma once
 
 #include <cstdint>
@@ -12,15 +12,17 @@
 
 namespace veloria {
 
-// Told how far a render is, 0 to 1, ten times for each second of sound; may be empty. When it throws, the
-// render is given up.
-using ExportProgress = std::function<void(float)>;
+// Told how far a render is, 0 to 1, ten times for each second of sound; may be empty. False cancels the
+// render; when it throws, the render is given up.
+using ExportProgress = std::function<bool(float)>;
 
 enum class RenderOutcome {
     Done,
-    Nothing,  // no engine, no clips, or a span without length
-    TooLong,  // for the size fields of a WAV file
-    GivenUp,  // no memory, or the progress function threw
+    Nothing,     // no engine, no clips, or a span without length
+    TooLong,     // for the size fields of a WAV file
+    GivenUp,     // no memory, or the progress function threw
+    Cancelled,   // the progress function said so
+    NotWritten,  // the file cannot be made or not be written to its end
 };
 
 // The clips of the span as voices that begin and end on a clock that starts with it, and the span's length.
@@ -42,10 +44,12 @@ struct ExportPlan {
 [[nodiscard]] RenderOutcome renderRecorder(Recorder& recorder, const ExportProgress& progress,
                                            std::vector<std::int16_t>& samples);
 
-// As the two above, into a file. False when there is nothing to render or to write it with; when writing
-// fails, a partial file stays.
+// As the two above, into a file, without ever holding the whole sound. Until all of it is written the file at
+// `path` stays as it was, and it stays so for good unless the outcome is Done. False for any other outcome.
 [[nodiscard]] bool renderVoicesToWav(SynthEngine& engine, const std::string& path, std::vector<Voice> voices,
                                      double seconds, const ExportProgress& progress);
+[[nodiscard]] RenderOutcome renderRecorderToWav(Recorder& recorder, const std::string& path,
+                                                const ExportProgress& progress);
 [[nodiscard]] bool exportRecorderToWav(Recorder& recorder, const std::string& path,
                                        const ExportProgress& progress);
 

@@ -47,6 +47,11 @@ bool handleRecorderEvent(Recorder& recorder, const SDL_Event& event, const SDL_R
 // Closes the clip editor; nothing while it is closed.
 void closeClipEditor(Recorder& recorder);
 
+// A left press anywhere in the window, before anyone has it; `covered` where a floating window lies over the
+// point. Gives up the range that is being typed, as Escape does, unless the press is on the band of the
+// fields, and closes the clip editor unless the press is on it.
+void leaveRecorderFields(Recorder& recorder, const SDL_Rect& area, int x, int y, bool covered);
+
 // Is a range field open, so that all typing is meant for it?
 [[nodiscard]] bool isEditingRange(const Recorder& recorder);
 
@@ -60,7 +65,11 @@ void beginDroneDrag(Recorder& recorder, std::string_view label, double frequency
                     std::int32_t kind, std::int32_t index);
 void setDragMouse(Recorder& recorder, int x, int y);
 
-// The release of the right button: ends the drag, and makes a clip of 2 s where the pointer is on a row.
+// Ends the drag and drops nothing: the release was over something that lies above the rows.
+void endDroneDrag(Recorder& recorder);
+
+// The release of the right button: ends the drag, and makes a clip of 2 s where the pointer is on a row that
+// is not locked.
 // Gains, overrides, optimized, tuningLabel and bassFilter come from `sample`. True when a clip was made.
 bool dropDrone(Recorder& recorder, int mouseX, int mouseY, const SDL_Rect& area, const RecorderClip& sample);
 

@@ -127,7 +127,6 @@ void drawMarkLabel(const DrawContext& context, const RecorderLayout& layout, dou
     DrawText(context, text, px + 2, layout.area.y + 49, context.fonts->fontLabel, kMarkText);
 }
 
-// The rows are painted over the grid lines afterwards: these show only below the last row.
 void drawGrid(const DrawContext& context, const RecorderLayout& layout) {
     constexpr double kFarthestMark = 1e12;  // s; beyond it the marks could not be counted
     if (!(layout.viewStart < kFarthestMark)) return;
@@ -147,9 +146,10 @@ void drawGrid(const DrawContext& context, const RecorderLayout& layout) {
 }
 
 void drawRange(const DrawContext& context, const Recorder& recorder, const RecorderLayout& layout) {
-    if (!recorder.rangeEnabled || recorder.rangeEnd <= recorder.rangeStart) return;
-    const int px0 = pixelOfTime(layout, recorder.rangeStart);
-    const int px1 = pixelOfTime(layout, recorder.rangeEnd);
+    const auto [start, end] = shownRange(recorder);
+    if (end <= start) return;
+    const int px0 = pixelOfTime(layout, start);
+    const int px1 = pixelOfTime(layout, end);
     const SDL_Rect& ruler = layout.ruler;
     const ClipGuard clipped(context.renderer, layout.marks);
     fillRect(context.renderer, {px0, ruler.y, px1 - px0, ruler.h}, kRangeRuler, SDL_BLENDMODE_ADD);
@@ -165,6 +165,11 @@ ClockTime clockTime(double seconds) {
     const auto hundredths = static_cast<std::int64_t>(std::clamp(seconds, 0.0, kLongest) * 100.0);
     return {static_cast<int>(hundredths / 6000), static_cast<int>(hundredths / 100 % 60),
             static_cast<int>(hundredths % 100)};
+}
+
+std::array<double, 2> shownRange(const Recorder& recorder) {
+    if (!recorder.rangeEnabled || recorder.rangeEnd <= recorder.rangeStart) return {0.0, 0.0};
+    return {recorder.rangeStart, recorder.rangeEnd};
 }
 
 void settleRecorderPanel(Recorder& recorder, const SDL_Rect& area) {
@@ -187,9 +192,13 @@ void drawRecorder(const DrawContext& context, Recorder& recorder, const SDL_Rect
     drawBand(context, recorder, layout);
     fillSolid(context.renderer, layout.ruler, kRulerFill);
     fillSolid(context.renderer, layout.rulerColumn, kRulerColumnFill);
+    // Between the rows, which are opaque, and the clips: the grid is to be seen, but not across a clip's
+    // text.
+    drawRecorderRows(context, recorder, layout);
     drawGrid(context, layout);
     drawRange(context, recorder, layout);
-    drawRecorderRows(context, recorder, layout);
+    drawRecorderClips(context, recorder, layout);
+    drawRecorderPlayhead(context, recorder, layout);
     drawRecorderFoot(context, recorder, layout);
 }
 

@@ -201,12 +201,15 @@ void touchTexts(const DrawContext& context, const ClipScene& scene) {
 }  // namespace
 
 void drawRecorderClips(const DrawContext& context, Recorder& recorder, const RecorderLayout& layout) {
+    const ClipGuard clipped(context.renderer, layout.rows);
     KeptClips& kept = recorder.keptClips;
     const SDL_Rect seen = rowsSeen(context.renderer, layout);
     ClipScene scene{.place = {seen.x, seen.y, seen.w, seen.h},
                     .rowH = layout.rowH,
                     .scrollY = layout.scrollY,
                     .font = context.fonts->fontLabel,
+                    .view = {layout.viewStart, layout.viewSpan},
+                    .range = shownRange(recorder),
                     .shapes = clipShapes(recorder, layout)};
     const bool still = scene == kept.scene;
     if (!still) kept = {std::move(scene), {}};

@@ -60,7 +60,10 @@ void drawChannelRow(const DrawContext& context, const RecorderLayout& layout, co
     hLine(renderer, x, layout.left + layout.width - 1, y + layout.rowH - 1, kRowFoot);
 }
 
-void drawPlayhead(const DrawContext& context, const Recorder& recorder, const RecorderLayout& layout) {
+}  // namespace
+
+void drawRecorderPlayhead(const DrawContext& context, const Recorder& recorder,
+                          const RecorderLayout& layout) {
     const int px = pixelOfTime(layout, recorder.playhead);
     if (px < layout.left || px >= layout.left + layout.width) return;
     SDL_Renderer* renderer = context.renderer;
@@ -73,18 +76,12 @@ void drawPlayhead(const DrawContext& context, const Recorder& recorder, const Re
     }
 }
 
-}  // namespace
-
-void drawRecorderRows(const DrawContext& context, Recorder& recorder, const RecorderLayout& layout) {
-    {
-        const ClipGuard clipped(context.renderer, layout.rows);
-        for (int row = 0; row < layout.channelCount; ++row) {
-            if (!isRowSeen(layout, row)) continue;
-            drawChannelRow(context, layout, recorder.channels[static_cast<std::size_t>(row)], row);
-        }
-        drawRecorderClips(context, recorder, layout);
+void drawRecorderRows(const DrawContext& context, const Recorder& recorder, const RecorderLayout& layout) {
+    const ClipGuard clipped(context.renderer, layout.rows);
+    for (int row = 0; row < layout.channelCount; ++row) {
+        if (!isRowSeen(layout, row)) continue;
+        drawChannelRow(context, layout, recorder.channels[static_cast<std::size_t>(row)], row);
     }
-    drawPlayhead(context, recorder, layout);
 }
 
 }  // namespace veloria

@@ -4,6 +4,7 @@
 
 #include "recorder/clips.h"
 #include "recorder_panel/panel.h"
+#include "recorder_panel/panel_input_steps.h"
 #include "recorder_panel/panel_layout.h"
 #include "toolkit/color.h"
 #include "toolkit/primitives.h"
@@ -28,11 +29,12 @@ float panOfKind(std::int32_t kind) {
 }
 
 // The row that would take a clip at this point, or -1.
-int dropRow(const RecorderLayout& layout, int x, int y) {
+int dropRow(const Recorder& recorder, const RecorderLayout& layout, int x, int y) {
     // The column behind the last one still counts, as it does for the scroll bar below.
     if (x < layout.left || x > layout.left + layout.width) return -1;
     if (y < layout.top || y >= std::min(layout.top + layout.contentH, layout.bottom)) return -1;
-    return rowOfPixel(layout, y);
+    const int row = rowOfPixel(layout, y);
+    return isLocked(recorder, row) ? -1 : row;
 }
 
 }  // namespace
@@ -63,13 +65,17 @@ void setDragMouse(Recorder& recorder, int x, int y) {
     recorder.mouseY = y;
 }
 
+void endDroneDrag(Recorder& recorder) {
+    recorder.droneDragging = false;
+}
+
 bool dropDrone(Recorder& recorder, int mouseX, int mouseY, const SDL_Rect& area, const RecorderClip& sample) {
     const bool wasDragging = recorder.droneDragging;
-    recorder.droneDragging = false;
+    endDroneDrag(recorder);
     if (!wasDragging) return false;
     settleRecorderPanel(recorder, area);
     const RecorderLayout layout = recorderLayout(recorder, area);
-    const int row = dropRow(layout, mouseX, mouseY);
+    const int row = dropRow(recorder, layout, mouseX, mouseY);
     if (row < 0) return false;
     RecorderClip clip = sample;
     clip.id = recorder.nextClipId++;

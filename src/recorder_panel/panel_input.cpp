@@ -6,8 +6,9 @@
 //   Return, keypad Enter  -                           takes the value         not used
 //   Backspace             -                           removes a character     not used
 //   any other key down    -                           used, does nothing      Delete, Space, Ctrl+C/V/A
-//   left press            inside: row or nothing      outside the band:       inside the panel: acts
-//                         outside: closes, goes on    closes, goes on
+//   left press            inside: row or nothing      outside the band, or    inside the panel: acts
+//                         outside: closes, goes on    on the editor: closes,
+//                                                     goes on
 //   middle press          -                           -                       inside the panel: pans
 //   motion                of a held row: sets it      -                       of whatever is held
 //   left release          lets go of the row          -                       lets go of all; never used
@@ -37,6 +38,7 @@ bool keyDown(Recorder& recorder, const SDL_KeyboardEvent& event, const SDL_Rect&
 }
 
 bool leftPress(Recorder& recorder, const SDL_Rect& area, int x, int y, const RecorderInput& input) {
+    leaveRecorderFields(recorder, area, x, y, false);
     if (editorPress(recorder, area, x, y)) return true;
     if (!contains(area, x, y)) return false;
     recorderPress(recorder, recorderLayout(recorder, area), x, y, input);
@@ -91,6 +93,13 @@ bool wheel(Recorder& recorder, const SDL_MouseWheelEvent& event, const SDL_Rect&
 }
 
 }  // namespace
+
+void leaveRecorderFields(Recorder& recorder, const SDL_Rect& area, int x, int y, bool covered) {
+    const bool onEditor = !covered && recorderEditContains(recorder, area, x, y);
+    const bool onBand = !covered && !onEditor && contains(recorderLayout(recorder, area).band, x, y);
+    if (!onEditor) closeClipEditor(recorder);
+    if (!onBand) endRangeEditing(recorder);
+}
 
 bool handleRecorderEvent(Recorder& recorder, const SDL_Event& event, const SDL_Rect& area,
                          const RecorderInput& input) {

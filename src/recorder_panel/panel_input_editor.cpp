@@ -19,11 +19,7 @@ void applyHeldRow(Recorder& recorder, const SDL_Rect& box, int mouseX) {
 }  // namespace
 
 bool editorPress(Recorder& recorder, const SDL_Rect& area, int x, int y) {
-    if (!recorder.editOpen) return false;
-    if (!recorderEditContains(recorder, area, x, y)) {
-        closeClipEditor(recorder);
-        return false;
-    }
+    if (!recorderEditContains(recorder, area, x, y)) return false;
     const SDL_Rect box = editorBox(recorder, area);
     const int row = editorRowAt(box, x, y);
     if (row < 0) return true;

@@ -107,12 +107,14 @@ bool recorderKey(Recorder& recorder, const SDL_KeyboardEvent& event, const SDL_R
         return true;
     }
     if ((event.keysym.mod & KMOD_CTRL) == 0) return false;
+    if ((event.keysym.mod & (KMOD_ALT | KMOD_GUI)) != 0) return false;  // another combination
     switch (key) {
         case SDLK_c:
             copySelected(recorder);
             return true;
         case SDLK_v:
-            pasteClipboard(recorder);
+            // Each repeat of a key held down would lay another copy over the first.
+            if (event.repeat == 0) pasteClipboard(recorder);
             return true;
         case SDLK_a:
             selectAll(recorder);

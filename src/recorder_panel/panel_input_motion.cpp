@@ -35,11 +35,6 @@ constexpr float kHighestRowZoom = 4.0f;
 constexpr float kRowZoomIn = 1.15f;
 constexpr float kRowZoomOut = 0.87f;
 
-bool isLocked(const Recorder& recorder, std::int32_t channel) {
-    return channel >= 0 && channel < kMaxRecorderChannels &&
-           recorder.channels[static_cast<std::size_t>(channel)].locked;
-}
-
 int heldScroll(const RecorderLayout& layout, double pixels) {
     return static_cast<int>(std::clamp(pixels, 0.0, static_cast<double>(scrollLimit(layout))));
 }
@@ -149,6 +144,11 @@ void zoomTime(Recorder& recorder, const SDL_Rect& area, int x, int notches) {
 }
 
 }  // namespace
+
+bool isLocked(const Recorder& recorder, std::int32_t channel) {
+    return channel >= 0 && channel < kMaxRecorderChannels &&
+           recorder.channels[static_cast<std::size_t>(channel)].locked;
+}
 
 bool recorderMotion(Recorder& recorder, const RecorderLayout& layout, int x, int y) {
     if (recorder.draggingRowScroll) {

@@ -12,7 +12,7 @@
 //   a button of the transport bar            acts
 //   anywhere else                            nothing
 //
-// Every press outside the band, whatever it does, first leaves an open range field.
+// leaveRecorderFields comes first: a press outside the band, whatever it does, leaves an open range field.
 //
 // A clip under the press:
 //
@@ -183,7 +183,6 @@ void timelinePress(Recorder& recorder, const RecorderLayout& layout, int x, int 
 
 void recorderPress(Recorder& recorder, const RecorderLayout& layout, int x, int y,
                    const RecorderInput& input) {
-    if (!contains(layout.band, x, y)) endRangeEditing(recorder);
     if (pressTitle(recorder, layout, x, y)) return;
     if (pressBand(recorder, layout, x, y, input)) return;
     if (y < layout.bottom) {

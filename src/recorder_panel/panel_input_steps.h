@@ -28,6 +28,9 @@ void recorderPress(Recorder& recorder, const RecorderLayout& layout, int x, int 
 void timelinePress(Recorder& recorder, const RecorderLayout& layout, int x, int y,
                    const RecorderInput& input);
 
+// May clips neither leave this channel's row nor come into it? Never so for a channel that there is not.
+bool isLocked(const Recorder& recorder, std::int32_t channel);
+
 // A motion while something is held.
 bool recorderMotion(Recorder& recorder, const RecorderLayout& layout, int x, int y);
 

@@ -56,6 +56,8 @@ void SacredFft::ResetStreams() {
     timeWrite = 0;
     timeRead = 0.0;
     timeWarmup = 0;
+    sinceFile = kNothingOfFile;
+    timeFileEnd = 0;
 }
 
 void setModeOff(SacredFft& retuner) {

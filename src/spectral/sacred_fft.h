@@ -26,6 +26,7 @@ inline constexpr double kHopAdvance = 1.5707963267948966;     // phase of one bi
 inline constexpr std::size_t kOutputRingSize = 2 * kBlockSize;
 inline constexpr std::uint32_t kTimeRingSize = 65536;
 inline constexpr std::size_t kPeakRows = 8;
+inline constexpr std::uint32_t kNothingOfFile = 2 * kTimeRingSize;  // every ring has forgotten the file then
 
 enum RetunerMode : std::int32_t { kModeOff = 0, kModeFull = 1, kModePeak = 2, kModeSolfeggio = 3 };
 
@@ -129,6 +130,8 @@ struct SacredFft {
     std::uint32_t timeWrite = 0;                                // their count; wraps after 27 hours
     double timeRead = 0.0;                                      // read position in the same count, grows
     std::int32_t timeWarmup = 0;                                // samples swallowed by mode 3, up to 4
+    std::uint32_t sinceFile = kNothingOfFile;                   // samples taken in since the file's last one
+    std::uint32_t timeFileEnd = 0;                              // `timeWrite` behind the file's last sample
     std::array<std::complex<double>, kBlockSize> spectrum{};    // the transform's buffer
     std::array<std::complex<double>, kBinCount> shifted{};      // the retuned half-spectrum
     std::array<double, kBinCount> synthPhase{};                 // running output phase (mode 1), radians

@@ -1,6 +1,7 @@
 #include "spectral/time_domain.h"
 
 #include "spectral/blend.h"
+#include "spectral/drain.h"
 
 namespace veloria {
 
@@ -62,7 +63,7 @@ bool needsFeed(const SacredFft& retuner, const RetunerSettings& settings) {
 
 float processTimeDomain(SacredFft& retuner, float sample, const RetunerSettings& settings) {
     constexpr std::int32_t kWarmup = 4;
-    feedSample(retuner, sample);
+    if (!isReadingOut(retuner)) feedSample(retuner, sample);
     if (retuner.timeWarmup < kWarmup) {
         ++retuner.timeWarmup;
         return 0.0f;

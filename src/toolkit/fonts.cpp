@@ -23,6 +23,15 @@ TTF_Font* openFont(const std::string& path, int points) {
     return path.empty() ? nullptr : TTF_OpenFont(path.c_str(), points);
 }
 
+// A file may be there and hold no font.
+bool holdsFont(const std::string& path) {
+    constexpr int kAnyPoints = 12;
+    TTF_Font* font = openFont(path, kAnyPoints);
+    if (font == nullptr) return false;
+    TTF_CloseFont(font);
+    return true;
+}
+
 void closeFont(TTF_Font*& font) {
     if (font != nullptr) TTF_CloseFont(font);
     font = nullptr;
@@ -33,15 +42,17 @@ void closeFont(TTF_Font*& font) {
 void openFonts(Fonts& fonts) {
     // Where Arial is not installed the system offers a face of the same widths, so fixed label places still
     // fit.
-    const std::string small = platform::findFont({kSmallPaths, {}, "Arial", false});
+    const std::string small = platform::findFont({kSmallPaths, {}, "Arial", false, holdsFont});
     fonts.fontRow = openFont(small, 12);
     fonts.fontTiny = openFont(small, 8);
     fonts.fontHeading = openFont(small, 14);
     fonts.fontLabel = openFont(small, 10);
     fonts.fontTab = openFont(small, 12);
     // The wide font draws Hebrew letters; DejaVu Sans holds them where none of the named faces is installed.
-    fonts.fontWide = openFont(platform::findFont({kWidePaths, kWideFamilies, "DejaVu Sans", false}), 16);
-    fonts.fontSplash = openFont(platform::findFont({kSplashPaths, kSplashFamilies, "monospace", true}), 40);
+    fonts.fontWide =
+        openFont(platform::findFont({kWidePaths, kWideFamilies, "DejaVu Sans", false, holdsFont}), 16);
+    fonts.fontSplash =
+        openFont(platform::findFont({kSplashPaths, kSplashFamilies, "monospace", true, holdsFont}), 40);
 }
 
 void closeFonts(Fonts& fonts) {

@@ -15,6 +15,7 @@ struct PanelState {
     bool maximised = false;
     int dragX = 0;  // from the left edge to the pointer that holds the panel
     int dragY = 0;
+    SDL_Point settledIn{};  // the window's size that the place was last made to suit; 0, 0 while closed
 };
 
 struct PanelLayout {

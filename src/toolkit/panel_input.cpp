@@ -96,7 +96,7 @@ PanelOutcome panelEvent(PanelState& panel, PanelResize& resize, const PanelInput
         const PanelAction action = pressPanel(panel, resize, input, event.button.x, event.button.y);
         const bool inert = action == PanelAction::InertBody;
         const bool fallsThrough =
-            action == PanelAction::None || (inert && input.outsideCentre && !wasMaximised);
+            action == PanelAction::None || (inert && input.overSidePanel && !wasMaximised);
         return {action, !fallsThrough};
     }
     if (event.type == SDL_MOUSEMOTION && panel.dragging) {

@@ -43,7 +43,7 @@ struct PanelInput {
     int windowW = 0;  // pixels
     int windowH = 0;
     bool targeted = false;       // the press is meant for this panel, or for none
-    bool outsideCentre = false;  // the press lies over one of the side panels
+    bool overSidePanel = false;  // the press lies over one of the side panels
     // A control of the panel's own at this point of its title bar, or anywhere else inside: acts and returns
     // true, or returns false. Either may be empty.
     std::function<bool(int x, int y)> titleExtra;

@@ -83,7 +83,7 @@ void drawLamp(const DrawContext& context, int cx, int cy, SDL_Color color, bool 
         fillCircle(renderer, cx, cy, 2, withAlpha(context.theme->themeBox, 200));
         return;
     }
-    fillCircle(renderer, cx, cy, 7, withAlpha(color, 58));
+    fillCircle(renderer, cx, cy, kLampReach, withAlpha(color, 58));
     fillCircle(renderer, cx, cy, 4, withAlpha(brighten(color, kLampBoost), 200));
     fillRect(renderer, {cx - 1, cy - 1, 2, 2}, kSparkColor);
 }

@@ -21,6 +21,8 @@ constexpr int kSliderFillAlpha = 200;
 void DrawSlider(const DrawContext& context, const SDL_Rect& rect, float value, float maximum,
                 SDL_Color fillColor, SDL_Color knobColor, int fillAlpha = kSliderFillAlpha);
 
+constexpr int kLampReach = 7;  // pixels from the centre of a lamp to the edge of its glow
+
 // The lamp of a control panel button or a table row, round (cx, cy).
 void drawLamp(const DrawContext& context, int cx, int cy, SDL_Color color, bool lit);
 

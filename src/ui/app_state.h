@@ -53,7 +53,8 @@ struct HeldControls {
     bool synthGainLeft = false;
     bool synthGainRight = false;
     Splitter splitter = Splitter::None;
-    int splitterStart = 0;  // the splitter's own value at the press
+    int splitterStart = 0;   // the splitter's own value as shown at the press
+    int splitterStored = 0;  // and as stored
     int pressX = 0;
     int pressY = 0;
 };
@@ -74,17 +75,18 @@ struct AppState {
     DrawContext draw;  // filled anew at the head of each frame
 
     PanelSizes sizes;
-    WindowLayout layout;  // of the last frame; what the events are tested against
+    WindowLayout layout;  // of the last frame, by layOutWindow; what the events are tested against
     HitRects hits;
     HeldControls held;
 
     std::vector<Widget> widgets;
-    std::int32_t viewMode = 0;      // ViewMode: tab of the left panel
-    std::int32_t voicesSubTab = 0;  // 0 "VOICE", 1 "FREQUENCY"
-    std::int32_t tableTab = 0;      // 0 "162 AVATAR", 1 "180 SHADOW"
-    std::int32_t avatarSubTab = 0;  // 0 "REFLECTION", 1 "ROTATION"
-    std::int32_t avatarScroll = 0;  // pixels
-    std::int32_t shadowScroll = 0;  // pixels
+    std::int32_t viewMode = 0;                         // ViewMode: tab of the left panel
+    std::int32_t voicesSubTab = 0;                     // 0 "VOICE", 1 "FREQUENCY"
+    std::int32_t tableTab = 0;                         // 0 "162 AVATAR", 1 "180 SHADOW"
+    std::int32_t avatarSubTab = 0;                     // 0 "REFLECTION", 1 "ROTATION"
+    std::int32_t avatarScroll = 0;                     // pixels
+    std::int32_t shadowScroll = 0;                     // pixels
+    std::array<std::int32_t, kTabCount> leftScroll{};  // pixels, of each tab of the left panel
 
     FloatingPanels panels;
     PanelResize panelResize;

@@ -2,9 +2,12 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/path_text.h"
+#include "ui/frame.h"
 #include "ui/input.h"
+#include "ui/scrolling.h"
 
 namespace veloria {
 
@@ -15,10 +18,13 @@ constexpr const char* kTopBarLabels[kTopBarButtonCount] = {"LOAD MUSIC FILE", "S
 // Asks for a file and loads it.
 void loadMusicFile(AppState& app) {
     const std::string path = platform::chooseFileToOpen(kMusicFileDialog);
+    app.kathara.sceneDirty = true;
     if (path.empty()) return;
     const std::size_t slash = path.find_last_of("\\/");
     app.transport.fileLabel =
         platform::displayText(slash == std::string::npos ? path : path.substr(slash + 1));
+    // The chooser has left its shape on the window, and a load can take long and end in a message.
+    renderFrame(app, platform::ticksMs());
     if (app.onLoadFile) app.onLoadFile(path);
 }
 
@@ -38,6 +44,7 @@ void clickTopBar(AppState& app, int x, int y) {
 bool clickTabs(AppState& app, int x, int y) {
     if (const int tab = leftTabAt(app.layout, x, y); tab >= 0) {
         app.viewMode = tab;
+        app.layout.leftScroll = shownLeftScroll(app);
         return true;
     }
     if (contains({0, kTabTop, app.layout.leftWidth, kTabHeight}, x, y))
@@ -61,7 +68,7 @@ bool clickTabs(AppState& app, int x, int y) {
 }
 
 bool hitsButton(const AppState& app, const Widget& widget, int x, int y) {
-    return tabOfButton(widget.label) == app.viewMode && contains(app.layout.leftPanel, x, y) &&
+    return tabOfButton(widget.label) == app.viewMode && contains(leftPanelView(app.layout), x, y) &&
            contains(leftButtonRect(app.layout, widget.label.c_str()), x, y);
 }
 

@@ -9,6 +9,8 @@
 
 namespace veloria {
 
+inline constexpr int kLabelHeight = 14;  // pixels that a line of fontLabel may need
+
 // The bar behind the buttons, and the line at its foot.
 void drawTopBar(const AppState& app);
 
@@ -22,21 +24,25 @@ void drawLeftPanelFrame(const AppState& app);
 // sliders to app.hits.
 void drawTuningTab(AppState& app);
 
-// The foot of "TUNING": what the retuner does at the moment. Nothing while it is off, or where the recorder
-// leaves no room.
+// The foot of "TUNING": what the retuner does at the moment. Nothing while it is off.
 void drawRetunerStatus(const AppState& app);
+// How far down that reaches unscrolled, y in pixels; 0 while the retuner is off. The other ends alike.
+[[nodiscard]] int retunerStatusEnd(std::int32_t mode);
 
 // "FX": two boxes with sliders, and the volume.
 void drawFxTab(const AppState& app);
 
 // "VOICES": its sub-tabs and the shown one's content.
 void drawVoicesTab(const AppState& app);
+[[nodiscard]] int voicesTabEnd(const AppState& app);
 
 // "FREQUENCY" of "VOICES": the table of sounding voices, the pairs that beat, and the activation below.
 void drawFrequencyTable(const AppState& app);
+[[nodiscard]] int frequencyTableEnd(const AppState& app);
 
 // "SYS": what this program is.
 void drawSysTab(const AppState& app);
+[[nodiscard]] int aboutEnd();
 
 // The right panel's ground, its tabs and sub-tabs.
 void drawRightPanel(const AppState& app);
@@ -50,13 +56,11 @@ void drawWidgets(const AppState& app);
 // The picture of such a button, at the left of its rectangle. Nothing for any other label.
 void drawButtonIcon(const DrawContext& context, const std::string& label, const SDL_Rect& rect, bool lit);
 
-// Beside the rows, when there are more than the panel can show.
+// At a side panel's right edge, when there is more than it can show.
+void drawLeftScrollBar(const AppState& app);
 void drawRowScrollBar(const AppState& app);
 
 void drawStatusBar(const AppState& app);
-
-// Over the middle of the window while an export runs; `progress` 0 to 1, values outside are cut.
-void drawExportOverlay(const AppState& app, float progress);
 
 [[nodiscard]] constexpr SDL_Color toColor(Rgba colour) {
     return {colour.r, colour.g, colour.b, colour.a};

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <string>
+#include <string_view>
 
 #include "base/fixed_text.h"
 #include "base/format.h"
@@ -25,7 +26,9 @@ constexpr int kRowsTop = 119;
 constexpr int kRowPitch = 15;
 constexpr int kPairPitch = 14;
 constexpr int kActivationPitch = 13;
-constexpr int kGap = 6;  // between the blocks
+constexpr int kGap = 6;               // between the blocks
+constexpr int kBlockHeading = 18;     // rows of a block above its lines
+constexpr int kColumnLinesFoot = 10;  // pixels that the columns' lines stay above the panel's foot
 constexpr int kTextX = 5;
 constexpr int kIndentedX = 10;
 constexpr int kLineAlpha = 160;
@@ -86,92 +89,125 @@ RowText rowText(const TableVoice& voice, int column) {
     return column == kLeftColumn && voice.centred ? centreRow(voice) : avatarRow(voice, color);
 }
 
-int rowLimit(const WindowLayout& layout) {
-    return std::max((layout.contentBottom - 129) / kRowPitch, 2);
+// Where the blocks under the headings begin, unscrolled.
+struct TablePlaces {
+    int pairsY = 0;
+    int activationY = 0;
+    int end = 0;
+};
+
+int activationHeight(const SynthEngine& engine) {
+    if (engine.activationMode <= kActivationOff) return 0;
+    const auto lines = std::count_if(
+        std::begin(kActivationLines), std::end(kActivationLines),
+        [&engine](const ActivationLine& line) { return engine.activationMode >= line.fromMode; });
+    return kBlockHeading + kActivationPitch * (static_cast<int>(lines) + (engine.dronesOn ? 1 : 0));
 }
 
-int rowsShownIn(const FrequencyTable& table, int column, int limit) {
-    return std::min(static_cast<int>(table.columns[static_cast<std::size_t>(column)].size()), limit);
+TablePlaces tablePlaces(const FrequencyTable& table, const SynthEngine& engine) {
+    std::size_t longest = 0;
+    for (const auto& column : table.columns)
+        longest = std::max(longest, column.size());
+    TablePlaces places;
+    places.pairsY = kRowsTop + kRowPitch * static_cast<int>(longest) + kGap;
+    const int pairs = static_cast<int>(table.pairs.size());
+    places.activationY =
+        pairs == 0 ? places.pairsY : places.pairsY + kBlockHeading + kPairPitch * pairs + kGap;
+    places.end = places.activationY + activationHeight(engine);
+    return places;
+}
+
+// A line of text unscrolled at `y`; of the hundreds that many voices give, only the seen ones are drawn.
+bool isLineSeen(const WindowLayout& layout, int y) {
+    const SDL_Rect view = leftPanelView(layout);
+    const int top = leftPanelY(layout, y);
+    return top + kRowPitch > view.y && top < view.y + view.h;
+}
+
+void drawLine(const AppState& app, std::string_view text, int x, int y, SDL_Color color) {
+    DrawText(app.draw, text, x, leftPanelY(app.layout, y), app.fonts.fontLabel, color);
 }
 
 void drawColumn(const AppState& app, const FrequencyTable& table, int column) {
     const ColumnLook& look = kColumnLooks[static_cast<std::size_t>(column)];
     const std::array<int, 4> places = textPlaces(app.layout, column);
-    TTF_Font* font = app.fonts.fontLabel;
     const int width = app.layout.leftWidth / kTableColumnCount;
-    const ClipGuard clip(app.renderer, {column * width, kHeadingY, width, app.layout.windowH});
-    DrawText(app.draw, look.heading, places[0], kHeadingY, font, look.headingColor);
+    const ClipGuard clip(app.renderer, {column * width, 0, width, app.layout.windowH});
+    drawLine(app, look.heading, places[0], kHeadingY, look.headingColor);
     for (std::size_t i = 0; i < places.size(); ++i)
-        DrawText(app.draw, look.names[i], places[i], kNamesY, font, kNamesColor);
-    const int rows = rowsShownIn(table, column, rowLimit(app.layout));
-    for (int row = 0; row < rows; ++row) {
-        const auto& voices = table.columns[static_cast<std::size_t>(column)];
-        const RowText text = rowText(voices[static_cast<std::size_t>(row)], column);
-        for (std::size_t i = 0; i < places.size(); ++i)
-            DrawText(app.draw, text.texts[i], places[i], kRowsTop + kRowPitch * row, font, text.colors[i]);
+        drawLine(app, look.names[i], places[i], kNamesY, kNamesColor);
+    int y = kRowsTop;
+    for (const TableVoice& voice : table.columns[static_cast<std::size_t>(column)]) {
+        if (isLineSeen(app.layout, y)) {
+            const RowText text = rowText(voice, column);
+            for (std::size_t i = 0; i < places.size(); ++i)
+                drawLine(app, text.texts[i], places[i], y, text.colors[i]);
+        }
+        y += kRowPitch;
     }
 }
 
-void drawRules(const AppState& app) {
-    const SDL_Color color = withAlpha(app.theme.themeBorder, kLineAlpha);
-    hLine(app.renderer, kTextX, app.layout.leftWidth - kTextX, kHeadingLineY, color);
-    const int bottom = app.layout.contentBottom - 10;
-    if (bottom <= kColumnLinesTop) return;
-    const int width = app.layout.leftWidth / kTableColumnCount;
-    for (int column = 1; column < kTableColumnCount; ++column)
-        vLine(app.renderer, column * width, kColumnLinesTop, bottom, color);
+void drawRule(const AppState& app, int y, SDL_Color color) {
+    hLine(app.renderer, kTextX, app.layout.leftWidth - kTextX, leftPanelY(app.layout, y), color);
 }
 
-// From y down; returns where the next block may begin.
-int drawPairs(const AppState& app, const std::vector<BinauralPair>& pairs, int y) {
-    if (pairs.empty() || y >= app.layout.contentBottom - 40) return y;
-    TTF_Font* font = app.fonts.fontLabel;
-    hLine(app.renderer, kTextX, app.layout.leftWidth - kTextX, y, {180, 130, 255, 80});
-    DrawText(app.draw, formatText("BINAURAL BEATS (%d pairs)", static_cast<int>(pairs.size())), kTextX, y + 4,
-             font, {180, 130, 255, 220});
-    y += 18;
+void drawRules(const AppState& app, const TablePlaces& places) {
+    const WindowLayout& layout = app.layout;
+    const SDL_Color color = withAlpha(app.theme.themeBorder, kLineAlpha);
+    drawRule(app, kHeadingLineY, color);
+    // Down to the panel's foot, or to that of a table which is longer.
+    const int top = leftPanelY(layout, kColumnLinesTop);
+    const int bottom = std::max(layout.contentBottom - kColumnLinesFoot, leftPanelY(layout, places.end));
+    const int width = layout.leftWidth / kTableColumnCount;
+    for (int column = 1; column < kTableColumnCount; ++column)
+        vLine(app.renderer, column * width, top, bottom, color);
+}
+
+void drawPairs(const AppState& app, const std::vector<BinauralPair>& pairs, int y) {
+    if (pairs.empty()) return;
+    drawRule(app, y, {180, 130, 255, 80});
+    drawLine(app, formatText("BINAURAL BEATS (%d pairs)", static_cast<int>(pairs.size())), kTextX, y + 4,
+             {180, 130, 255, 220});
+    y += kBlockHeading;
     for (const BinauralPair& pair : pairs) {
-        if (y >= app.layout.contentBottom - 14) break;
         const std::string text = formatText("L:%.0f R:%.0f = ", pair.left, pair.right) +
                                  fixedText(static_cast<double>(pair.beatHz), 1) + "Hz " +
                                  bandName(pair.beatHz);
-        DrawText(app.draw, text, kIndentedX, y, font, SelectBandColor(pair.beatHz));
+        drawLine(app, text, kIndentedX, y, SelectBandColor(pair.beatHz));
         y += kPairPitch;
     }
-    return y + kGap;
 }
 
 void drawActivation(const AppState& app, int y) {
     const std::int32_t mode = app.engine->activationMode;
-    if (mode <= kActivationOff || y >= app.layout.contentBottom - 60) return;
-    TTF_Font* font = app.fonts.fontLabel;
-    hLine(app.renderer, kTextX, app.layout.leftWidth - kTextX, y, toColor(kActivationSeparatorColour));
-    DrawText(app.draw, activationTitle(mode), kTextX, y + 3, font, toColor(kActivationTitleColour));
-    y += 18;
+    if (mode <= kActivationOff) return;
+    drawRule(app, y, toColor(kActivationSeparatorColour));
+    drawLine(app, activationTitle(mode), kTextX, y + 3, toColor(kActivationTitleColour));
+    y += kBlockHeading;
     for (const ActivationLine& line : kActivationLines) {
         if (mode < line.fromMode) continue;
-        DrawText(app.draw, line.text, kIndentedX, y, font, toColor(line.colour));
+        drawLine(app, line.text, kIndentedX, y, toColor(line.colour));
         y += kActivationPitch;
     }
-    if (app.engine->dronesOn) {
-        DrawText(app.draw, kDroneLine.text, kIndentedX, y, font, toColor(kDroneLine.colour));
-    }
+    if (app.engine->dronesOn) drawLine(app, kDroneLine.text, kIndentedX, y, toColor(kDroneLine.colour));
 }
 
 }  // namespace
 
+int frequencyTableEnd(const AppState& app) {
+    return tablePlaces(makeFrequencyTable(app.snapshot.voices), *app.engine).end;
+}
+
 void drawFrequencyTable(const AppState& app) {
     if (!leftPanelShown(app.layout)) return;
-    const ClipGuard clip(app.renderer, leftPanelClip(app.layout));
+    const ClipGuard clip(app.renderer, leftPanelView(app.layout));
     const FrequencyTable table = makeFrequencyTable(app.snapshot.voices);
-    drawRules(app);
-    int longest = 0;
-    for (int column = 0; column < kTableColumnCount; ++column) {
+    const TablePlaces places = tablePlaces(table, *app.engine);
+    drawRules(app, places);
+    for (int column = 0; column < kTableColumnCount; ++column)
         drawColumn(app, table, column);
-        longest = std::max(longest, rowsShownIn(table, column, rowLimit(app.layout)));
-    }
-    const int y = drawPairs(app, table.pairs, kRowsTop + kRowPitch * longest + kGap);
-    drawActivation(app, y);
+    drawPairs(app, table.pairs, places.pairsY);
+    drawActivation(app, places.activationY);
 }
 
 }  // namespace veloria

@@ -104,38 +104,39 @@ void drawFxRow(const AppState& app, int slider) {
     const FxLook& look = kFxLooks[static_cast<std::size_t>(slider)];
     const FxRow& row = kFxRows[static_cast<std::size_t>(slider)];
     const int value = valueOf(*app.engine, slider);
-    DrawText(app.draw, captionOf(look, value), kFxSliderX, row.captionY, app.fonts.fontLabel,
-             withAlpha(look.knob, kCaptionAlpha));
+    DrawText(app.draw, captionOf(look, value), kFxSliderX, leftPanelY(app.layout, row.captionY),
+             app.fonts.fontLabel, withAlpha(look.knob, kCaptionAlpha));
     if (row.low < 0) {
-        drawBipolarSlider(app, fxSliderRect(slider), value, look.knob);
+        drawBipolarSlider(app, fxSliderRect(app.layout, slider), value, look.knob);
     } else {
-        DrawSlider(app.draw, fxSliderRect(slider), static_cast<float>(value), static_cast<float>(row.high),
-                   look.fill, look.knob);
+        DrawSlider(app.draw, fxSliderRect(app.layout, slider), static_cast<float>(value),
+                   static_cast<float>(row.high), look.fill, look.knob);
     }
-    DrawText(app.draw, formulaOf(look, value), kFxSliderX, row.lineY, app.fonts.fontLabel,
-             withAlpha(app.theme.themeTextDim, kFormulaAlpha));
+    DrawText(app.draw, formulaOf(look, value), kFxSliderX, leftPanelY(app.layout, row.lineY),
+             app.fonts.fontLabel, withAlpha(app.theme.themeTextDim, kFormulaAlpha));
 }
 
 void drawVolume(const AppState& app) {
     const float gain = app.gains->masterGain;
     DrawText(app.draw, formatText("VOLUME: %d%%", static_cast<int>(gain * 100.0f + 0.5f)), kFxSliderX,
-             kFxRows[kFxVolume].captionY, app.fonts.fontLabel, withAlpha(kVolumeKnob, kCaptionAlpha));
-    DrawSlider(app.draw, fxSliderRect(kFxVolume), gain, 1.0f, kVolumeFill, kVolumeKnob, kVolumeFillAlpha);
+             leftPanelY(app.layout, kFxRows[kFxVolume].captionY), app.fonts.fontLabel,
+             withAlpha(kVolumeKnob, kCaptionAlpha));
+    DrawSlider(app.draw, fxSliderRect(app.layout, kFxVolume), gain, 1.0f, kVolumeFill, kVolumeKnob,
+               kVolumeFillAlpha);
 }
 
 void drawBox(const AppState& app, int y, int h, const char* heading, SDL_Color color) {
-    const SDL_Rect box{4, y, std::min(app.layout.leftWidth - 10, kBoxWidest), h};
+    const SDL_Rect box{4, leftPanelY(app.layout, y), std::min(app.layout.leftWidth - 10, kBoxWidest), h};
     fillRect(app.renderer, box, withAlpha(app.theme.themeBox, kBoxAlpha));
     outlineRect(app.renderer, box, withAlpha(app.theme.themeBorder, kBoxOutlineAlpha));
-    DrawText(app.draw, heading, kFxSliderX, y + 4, app.fonts.fontTab, color);
+    DrawText(app.draw, heading, kFxSliderX, box.y + 4, app.fonts.fontTab, color);
 }
 
 }  // namespace
 
 void drawFxTab(const AppState& app) {
     if (!leftPanelShown(app.layout)) return;
-    const SDL_Rect area{0, 60, app.layout.leftWidth, std::max(app.layout.contentBottom - 60, 0)};
-    const ClipGuard clip(app.renderer, area);
+    const ClipGuard clip(app.renderer, leftPanelView(app.layout));
     drawBox(app, 66, 340, "HARMONICS", {220, 185, 90, 255});
     drawBox(app, 416, 142, "PHASE", {180, 120, 220, 255});
     for (int slider = 0; slider < kFxVolume; ++slider)

@@ -13,6 +13,7 @@ namespace veloria {
 namespace {
 
 constexpr int kTop = 476;
+constexpr int kModeY = 481;
 constexpr int kFigureY = 497;
 constexpr int kSecondY = 517;
 constexpr int kThirdY = 533;
@@ -21,6 +22,10 @@ constexpr int kPeakPitch = 13;
 constexpr int kTextX = 8;
 constexpr SDL_Color kFigureColor{255, 220, 100, 255};
 constexpr SDL_Color kSecondColor{160, 200, 220, 180};
+
+int row(const AppState& app, int y) {
+    return leftPanelY(app.layout, y);
+}
 
 // "+2.0", "-6.1".
 std::string signedText(double value, int precision) {
@@ -40,12 +45,12 @@ double targetHz(std::int32_t index) {
 void drawSolfeggioFigures(const AppState& app) {
     const RetunerReport& retuner = app.snapshot.retuner;
     const double cents = std::log2(retuner.solfeggioRatio) * 1200.0;
-    DrawText(app.draw, formatText("%d Hz", static_cast<int>(targetHz(retuner.targetIndex))), kTextX, kFigureY,
-             app.fonts.fontHeading, kFigureColor);
-    DrawText(app.draw, signedText(cents, 1) + " cents (time-domain)", kTextX, kSecondY, app.fonts.fontLabel,
-             kSecondColor);
-    DrawText(app.draw, formatText("Blend: %d%%", retuner.strength), kTextX, kThirdY, app.fonts.fontLabel,
-             {140, 180, 200, 160});
+    DrawText(app.draw, formatText("%d Hz", static_cast<int>(targetHz(retuner.targetIndex))), kTextX,
+             row(app, kFigureY), app.fonts.fontHeading, kFigureColor);
+    DrawText(app.draw, signedText(cents, 1) + " cents (time-domain)", kTextX, row(app, kSecondY),
+             app.fonts.fontLabel, kSecondColor);
+    DrawText(app.draw, formatText("Blend: %d%%", retuner.strength), kTextX, row(app, kThirdY),
+             app.fonts.fontLabel, {140, 180, 200, 160});
 }
 
 SDL_Color peakColor(const PeakEntry& peak) {
@@ -54,44 +59,46 @@ SDL_Color peakColor(const PeakEntry& peak) {
     return {180, 180, 180, 160};
 }
 
-int peakRoom(int contentBottom) {
-    constexpr int kAll = static_cast<int>(kPeakRows);
-    const int foot = contentBottom - 5;
-    return foot >= kPeaksTop + kAll * kPeakPitch ? kAll : (foot - kPeaksTop) / kPeakPitch;
-}
-
 void drawPeaks(const AppState& app) {
     const RetunerReport& retuner = app.snapshot.retuner;
-    if (retuner.peakCount <= 0 || app.layout.contentBottom - 30 <= kThirdY) return;
-    DrawText(app.draw, "Top Peaks:", kTextX, kThirdY, app.fonts.fontLabel, {140, 160, 180, 160});
-    const int rows = std::min(peakRoom(app.layout.contentBottom), retuner.peakCount);
-    for (int row = 0; row < rows; ++row) {
-        const PeakEntry& peak = retuner.peaks[static_cast<std::size_t>(row)];
+    if (retuner.peakCount <= 0) return;
+    DrawText(app.draw, "Top Peaks:", kTextX, row(app, kThirdY), app.fonts.fontLabel, {140, 160, 180, 160});
+    const int count = std::min(static_cast<int>(kPeakRows), retuner.peakCount);
+    for (int i = 0; i < count; ++i) {
+        const PeakEntry& peak = retuner.peaks[static_cast<std::size_t>(i)];
         const std::string text =
             formatText("%.0f -> %.0f Hz  (%.0f%%)", static_cast<double>(peak.sourceHz),
                        static_cast<double>(peak.targetHz), static_cast<double>(peak.level) * 100.0);
-        DrawText(app.draw, text, 12, kPeaksTop + row * kPeakPitch, app.fonts.fontLabel, peakColor(peak));
+        DrawText(app.draw, text, 12, row(app, kPeaksTop + i * kPeakPitch), app.fonts.fontLabel,
+                 peakColor(peak));
     }
 }
 
 void drawSpectralFigures(const AppState& app) {
     const RetunerReport& retuner = app.snapshot.retuner;
     const double shift = static_cast<double>(retuner.avgShiftHz);
-    DrawText(app.draw, "Avg Shift: " + fixedText(shift, 1) + " Hz", kTextX, kFigureY, app.fonts.fontHeading,
-             kFigureColor);
-    DrawText(app.draw, formatText("Bins shifted: %d", retuner.binsShifted), kTextX, kSecondY,
+    DrawText(app.draw, "Avg Shift: " + fixedText(shift, 1) + " Hz", kTextX, row(app, kFigureY),
+             app.fonts.fontHeading, kFigureColor);
+    DrawText(app.draw, formatText("Bins shifted: %d", retuner.binsShifted), kTextX, row(app, kSecondY),
              app.fonts.fontLabel, kSecondColor);
     drawPeaks(app);
 }
 
 }  // namespace
 
+int retunerStatusEnd(std::int32_t mode) {
+    if (mode == kModeOff) return 0;
+    if (mode == kModeSolfeggio) return kThirdY + kLabelHeight;
+    // All rows whether or not there are peaks: else a scrolled panel would jump with each rest in the music.
+    return kPeaksTop + static_cast<int>(kPeakRows) * kPeakPitch;
+}
+
 void drawRetunerStatus(const AppState& app) {
     const std::int32_t mode = app.snapshot.retuner.mode;
-    if (mode == kModeOff || app.layout.contentBottom - 20 <= kTop) return;
-    hLine(app.renderer, 5, app.layout.leftWidth - 5, kTop, {60, 160, 200, 100});
-    DrawText(app.draw, formatText("SACRED FFT: %s", modeWord(mode)), kTextX, 481, app.fonts.fontLabel,
-             {80, 200, 255, 230});
+    if (mode == kModeOff) return;
+    hLine(app.renderer, 5, app.layout.leftWidth - 5, row(app, kTop), {60, 160, 200, 100});
+    DrawText(app.draw, formatText("SACRED FFT: %s", modeWord(mode)), kTextX, row(app, kModeY),
+             app.fonts.fontLabel, {80, 200, 255, 230});
     if (mode == kModeSolfeggio) {
         drawSolfeggioFigures(app);
     } else {

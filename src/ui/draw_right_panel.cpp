@@ -13,10 +13,6 @@ constexpr int kBorderAlpha = 200;
 constexpr int kActiveFillAlpha = 110;
 constexpr int kStripTop = 32;
 constexpr int kSubStripTop = 59;
-constexpr int kScrollTrackTop = 69;  // lower than the rows begin: odd, and kept
-constexpr int kScrollTrackWidth = 4;
-constexpr int kThumbMinimum = 16;
-constexpr SDL_Color kThumbColor{200, 100, 60, 215};
 
 struct TabLook {
     const char* caption;
@@ -66,20 +62,6 @@ void drawRightPanel(const AppState& app) {
     if (!avatar) return;
     drawAvatarSubTabs(app);
     hLine(app.renderer, panel.x, right, 83, border);
-}
-
-void drawRowScrollBar(const AppState& app) {
-    const WindowLayout& layout = app.layout;
-    const bool avatar = app.tableTab == 0;
-    const int farthest = maxRowScroll(layout, shownRows(app).count);
-    const int view = layout.contentBottom - kScrollTrackTop;
-    if (!rightPanelShown(layout) || farthest <= 0 || view <= 0) return;
-    const SDL_Rect track{layout.windowW - kScrollTrackWidth, kScrollTrackTop, kScrollTrackWidth, view};
-    fillRect(app.renderer, track, withAlpha(app.theme.themeTrack, 180));
-    const int thumb = std::min(std::max(view * view / (view + farthest), kThumbMinimum), view);
-    const int scroll = std::clamp(avatar ? app.avatarScroll : app.shadowScroll, 0, farthest);
-    fillRect(app.renderer, {track.x, track.y + scroll * (view - thumb) / farthest, track.w, thumb},
-             kThumbColor);
 }
 
 }  // namespace veloria

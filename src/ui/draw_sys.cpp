@@ -1,3 +1,5 @@
+#include <iterator>
+
 #include "toolkit/color.h"
 #include "toolkit/primitives.h"
 #include "toolkit/text.h"
@@ -37,13 +39,18 @@ constexpr SDL_Color kTitleColor{185, 195, 255, 235};
 
 }  // namespace
 
+int aboutEnd() {
+    return std::end(kAboutLines)[-1].y + kLabelHeight;
+}
+
 void drawSysTab(const AppState& app) {
     if (!leftPanelShown(app.layout)) return;
-    const ClipGuard clip(app.renderer, leftPanelClip(app.layout));
-    DrawText(app.draw, "Veloria", kTextX, kTitleY, app.fonts.fontHeading, kTitleColor);
-    hLine(app.renderer, 9, 228, 123, withAlpha(app.theme.themeBorder, 100));
+    const WindowLayout& layout = app.layout;
+    const ClipGuard clip(app.renderer, leftPanelView(layout));
+    DrawText(app.draw, "Veloria", kTextX, leftPanelY(layout, kTitleY), app.fonts.fontHeading, kTitleColor);
+    hLine(app.renderer, 9, 228, leftPanelY(layout, 123), withAlpha(app.theme.themeBorder, 100));
     for (const AboutLine& line : kAboutLines)
-        DrawText(app.draw, line.text, kTextX, line.y, app.fonts.fontLabel, line.color);
+        DrawText(app.draw, line.text, kTextX, leftPanelY(layout, line.y), app.fonts.fontLabel, line.color);
 }
 
 }  // namespace veloria

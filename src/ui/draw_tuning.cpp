@@ -53,15 +53,16 @@ void drawSelector(AppState& app, const SDL_Rect& box) {
 void drawStrength(AppState& app, const SDL_Rect& track) {
     const RetunerReport& retuner = app.snapshot.retuner;
     const bool off = retuner.mode == kModeOff;
-    DrawText(app.draw, formatText("STRENGTH: %d%%", retuner.strength), kTextX, 214, app.fonts.fontLabel,
-             off ? SDL_Color{120, 120, 140, 120} : SDL_Color{180, 200, 255, 220});
+    DrawText(app.draw, formatText("STRENGTH: %d%%", retuner.strength), kTextX, leftPanelY(app.layout, 214),
+             app.fonts.fontLabel, off ? SDL_Color{120, 120, 140, 120} : SDL_Color{180, 200, 255, 220});
     drawFlatSlider(app, track, std::clamp(retuner.strength, 0, 100) * track.w / 100,
                    off ? SDL_Color{80, 80, 100, 120} : SDL_Color{60, 160, 200, 220});
     app.hits.strengthHit = track;
 }
 
 void drawSpeed(AppState& app, const SDL_Rect& track) {
-    DrawText(app.draw, walkerSpeedText(app.walker), kTextX, 378, app.fonts.fontLabel, {160, 120, 220, 200});
+    DrawText(app.draw, walkerSpeedText(app.walker), kTextX, leftPanelY(app.layout, 378), app.fonts.fontLabel,
+             {160, 120, 220, 200});
     const int above = std::clamp(app.walker.stepMs, kMinStepMs, kMaxStepMs) - kMinStepMs;
     drawFlatSlider(app, track, above * track.w / (kMaxStepMs - kMinStepMs), {120, 60, 200, 200});
     app.hits.speedHit = track;
@@ -69,22 +70,28 @@ void drawSpeed(AppState& app, const SDL_Rect& track) {
 
 void drawStatusLine(const AppState& app, const StatusLine& line, int x, int y) {
     if (line.text.empty()) return;
-    DrawTextUtf8(app.draw, line.text, x, y, app.fonts.fontLabel, toColor(line.colour));
+    DrawTextUtf8(app.draw, line.text, x, leftPanelY(app.layout, y), app.fonts.fontLabel,
+                 toColor(line.colour));
+}
+
+// Beside the gains, which it shares its rows with.
+void drawLineBehindGains(const AppState& app, const StatusLine& line, int y) {
+    const int width = measureTextUtf8(app.fonts.fontLabel, line.text).x;
+    drawStatusLine(app, line, lineBehindGainsX(app.layout, width), y);
 }
 
 void drawWalkerStatus(const AppState& app) {
     const ScaleWalker& walker = app.walker;
     if (!walker.running) return;
     for (const Rgba& flash : walkerFlashes(walker, app.draw.ticks)) {
-        if (flash.a > 0) fillRect(app.renderer, {0, 402, app.layout.leftWidth, 48}, toColor(flash));
+        if (flash.a == 0) continue;
+        fillRect(app.renderer, {0, leftPanelY(app.layout, 402), app.layout.leftWidth, 48}, toColor(flash));
     }
     const std::int32_t mode = app.engine->activationMode;
     drawStatusLine(app, walkerLine(walker, mode, walkerStepCount(kFrequencyCount)), kTextX, 404);
     drawStatusLine(app, digitalRootLine(walker), kTextX, 418);
-    // The last two share their rows with the gains, and stand behind those where there is room.
-    const int x = app.layout.leftWidth >= 330 ? tuningSliderWidth(app.layout) + 66 : kTextX;
-    drawStatusLine(app, binauralLine(walker), x, 432);
-    drawStatusLine(app, modeLine(mode), x, 444);
+    drawLineBehindGains(app, binauralLine(walker), 432);
+    drawLineBehindGains(app, modeLine(mode), 444);
 }
 
 struct GainLook {
@@ -109,9 +116,10 @@ void drawGain(const AppState& app, const GainLook& look, const SDL_Rect& track, 
 
 void drawTuningTab(AppState& app) {
     if (app.layout.leftWidth <= kMinimumTuning) return;
-    const ClipGuard clip(app.renderer, leftPanelClip(app.layout));
+    const ClipGuard clip(app.renderer, leftPanelView(app.layout));
     const TuningLayout tuning = tuningLayout(app.layout);
-    DrawText(app.draw, "SACRED FFT (WAV)", kTextX, 136, app.fonts.fontLabel, {100, 180, 220, 180});
+    DrawText(app.draw, "SACRED FFT (WAV)", kTextX, leftPanelY(app.layout, 136), app.fonts.fontLabel,
+             {100, 180, 220, 180});
     drawSelector(app, tuning.selector);
     drawStrength(app, tuning.strength);
     drawSpeed(app, tuning.speed);

@@ -8,6 +8,7 @@ namespace veloria {
 
 namespace {
 
+constexpr int kVoicesTop = 84;
 constexpr const char* kSubTabCaptions[] = {"VOICE", "FREQUENCY"};
 
 void drawSubTab(const AppState& app, int subTab) {
@@ -22,15 +23,27 @@ void drawSubTab(const AppState& app, int subTab) {
                      active ? theme.themeText : theme.themeTextDim);
 }
 
+// Unscrolled they reach one row into the strip of the tabs.
+void drawSubTabs(const AppState& app) {
+    const WindowLayout& layout = app.layout;
+    const ClipGuard clip(app.renderer,
+                         layout.leftScroll == 0 ? leftPanelClip(layout) : leftPanelView(layout));
+    drawSubTab(app, 0);
+    drawSubTab(app, 1);
+}
+
 }  // namespace
+
+int voicesTabEnd(const AppState& app) {
+    return app.voicesSubTab == 0 ? kVoicesTop + voiceListHeight(app.snapshot) : frequencyTableEnd(app);
+}
 
 void drawVoicesTab(const AppState& app) {
     if (!leftPanelShown(app.layout)) return;
-    const ClipGuard clip(app.renderer, leftPanelClip(app.layout));
-    drawSubTab(app, 0);
-    drawSubTab(app, 1);
+    drawSubTabs(app);
+    const ClipGuard clip(app.renderer, leftPanelView(app.layout));
     if (app.voicesSubTab == 0) {
-        drawVoices(app.draw, 5, 84, app.snapshot);
+        drawVoices(app.draw, 5, leftPanelY(app.layout, kVoicesTop), app.snapshot);
     } else {
         drawFrequencyTable(app);
     }

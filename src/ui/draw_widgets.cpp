@@ -52,6 +52,18 @@ void drawTexts(const AppState& app, const Face& face, int shift, SDL_Color color
                          face.lit ? kLitDetail : kIdleDetail);
 }
 
+// The middle of the lamp, in the upper right corner. On a narrow button it makes way for a label that would
+// reach under it.
+SDL_Point lampPlace(const AppState& app, const Face& face, int shift) {
+    constexpr int kNarrow = 80;
+    constexpr int kWay = 3;
+    SDL_Point place{face.rect.x + face.rect.w - 9, face.rect.y + 8};
+    const int label = measureTextUtf8(app.fonts.fontRow, face.widget.label).x;
+    const int labelEnd = face.rect.x + shift + (face.rect.w - shift - label) / 2 + label;
+    if (face.rect.w >= kNarrow || labelEnd <= place.x - kLampReach) return place;
+    return {place.x + kWay, place.y - kWay};
+}
+
 void drawFace(const AppState& app, const Face& face) {
     const bool flat = hasButtonIcon(face.widget.label);
     if (flat) {
@@ -61,8 +73,10 @@ void drawFace(const AppState& app, const Face& face) {
         DrawGradientButton(app.draw, face.rect, kCornerRadius, face.color, face.lit);
     }
     const ClipGuard clip(app.renderer, face.rect);  // a text wider than a narrow panel's button
-    drawTexts(app, face, flat ? kIconWidth : 0, flat && !face.lit ? kFlatIdleText : kWhite);
-    drawLamp(app.draw, face.rect.x + face.rect.w - 9, face.rect.y + 8, face.color, face.lit);
+    const int shift = flat ? kIconWidth : 0;
+    drawTexts(app, face, shift, flat && !face.lit ? kFlatIdleText : kWhite);
+    const SDL_Point lamp = lampPlace(app, face, shift);
+    drawLamp(app.draw, lamp.x, lamp.y, face.color, face.lit);
 }
 
 // A number of the Avatar table among the Shadow rows.
@@ -93,7 +107,7 @@ void drawWidget(const AppState& app, const Widget& widget, const SDL_Rect& rect,
 
 void drawLeftButton(const AppState& app, const Widget& widget) {
     if (!leftPanelShown(app.layout) || tabOfButton(widget.label) != app.viewMode) return;
-    drawWidget(app, widget, leftButtonRect(app.layout, widget.label.c_str()), leftPanelClip(app.layout));
+    drawWidget(app, widget, leftButtonRect(app.layout, widget.label.c_str()), leftPanelView(app.layout));
 }
 
 // What the rows of the shown table are cut to.

@@ -1,5 +1,7 @@
 #include "ui/floating_panels.h"
 
+#include <algorithm>
+
 #include "views/harmonics_spiral.h"
 #include "views/polar_rose.h"
 
@@ -36,7 +38,31 @@ void drawFloatingPanel(AppState& app, int id) {
     }
 }
 
+// Has it been opened, or the main window been given another size, since this was last asked? `settledIn` is
+// the floating window's own memory of it.
+bool mustSettle(bool open, SDL_Point& settledIn, const WindowLayout& layout) {
+    const SDL_Point now = open ? SDL_Point{layout.windowW, layout.windowH} : SDL_Point{0, 0};
+    const bool changed = now.x != settledIn.x || now.y != settledIn.y;
+    settledIn = now;
+    return open && changed;
+}
+
 }  // namespace
+
+void settleFloatingWindows(AppState& app) {
+    const WindowLayout& layout = app.layout;
+    if (layout.windowW <= 0 || layout.windowH <= 0) return;  // put away: there is no place to be in
+    for (PanelState& panel : app.panels.panels) {
+        if (!mustSettle(panel.open, panel.settledIn, layout)) continue;
+        panel.rect.w = std::max(kPanelMinimumWidth, std::min(panel.rect.w, layout.windowW));
+        panel.rect.h = std::max(kPanelMinimumHeight, std::min(panel.rect.h, layout.windowH));
+        clampToWindow(panel.rect, layout.windowW, layout.windowH);
+    }
+    CalculatorState& calculator = app.calculator;
+    if (mustSettle(calculator.calcVisible, calculator.calcSettledIn, layout)) {
+        clampToWindow(calculator.calcRect, layout.windowW, layout.windowH);
+    }
+}
 
 void drawFloatingPanels(AppState& app) {
     for (auto id = app.panels.panelStack.rbegin(); id != app.panels.panelStack.rend(); ++id) {

@@ -1,12 +1,14 @@
 #include "ui/frame.h"
 
 #include <algorithm>
-
 #include "recorder/playback.h"
 #include "recorder_panel/panel.h"
 #include "toolkit/primitives.h"
 #include "ui/draw.h"
+#include "ui/export_overlay.h"
 #include "ui/floating_panels.h"
+#include "ui/scrolling.h"
+#include "ui/sound_tick.h"
 #include "views/lotus/lotus_energy.h"
 #include "views/splash.h"
 
@@ -35,7 +37,8 @@ void prepareLayout(AppState& app) {
         SDL_GetRendererOutputSize(app.renderer, &width, &height);
     }
     initPanelSizes(app.sizes, width);
-    app.layout = windowLayout(app.sizes, width, height);
+    layOutWindow(app, width, height);
+    settleFloatingWindows(app);
     app.hits = {};  // what this frame does not draw cannot be hit
 }
 
@@ -45,15 +48,6 @@ void clearWindow(const AppState& app) {
     SDL_SetRenderDrawBlendMode(app.renderer, SDL_BLENDMODE_BLEND);
     SDL_SetRenderDrawColor(app.renderer, color.r, color.g, color.b, color.a);
     SDL_RenderClear(app.renderer);
-}
-
-// What moves with time. An export holds the engine's voices: nothing may begin or end one meanwhile.
-void advance(AppState& app, std::uint32_t nowMs) {
-    const float seconds = app.lastFrameMs == 0 ? 0.0f : static_cast<float>(nowMs - app.lastFrameMs) * 0.001f;
-    app.lastFrameMs = nowMs;
-    if (app.exporting) return;
-    tickRecorder(app.recorder, std::min(seconds, 0.1f));
-    walkerTick(app.walker, *app.engine, nowMs);
 }
 
 void drawLeftTabContents(AppState& app) {
@@ -82,7 +76,8 @@ void drawCentreView(AppState& app) {
 }  // namespace
 
 void composeFrame(AppState& app, std::uint32_t nowMs) {
-    advance(app, nowMs);
+    // For a frame that the loop has not ticked for, as the one behind an export.
+    tickSound(app, nowMs);
     takeFrameSnapshot(*app.engine, app.scope, app.players.retuner, app.snapshot);
     loadAssetsOnce(app.assets, app.renderer);
     updateLotusEnergy(app.lotus, app.snapshot.scope);
@@ -100,6 +95,7 @@ void composeFrame(AppState& app, std::uint32_t nowMs) {
     if (leftPanelShown(app.layout) && app.viewMode == kVoicesTab) drawVoicesTab(app);
     drawRightPanel(app);
     drawWidgets(app);
+    drawLeftScrollBar(app);
     drawRowScrollBar(app);
     drawRecorder(app.draw, app.recorder, app.layout.recorder);
     drawStatusBar(app);

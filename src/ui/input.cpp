@@ -1,6 +1,7 @@
 #include "ui/input.h"
 
 #include "recorder_panel/panel.h"
+#include "ui/floating_panels.h"
 #include "ui/input_steps.h"
 
 namespace veloria {
@@ -43,35 +44,17 @@ PointerEvent pointerEvent(const SDL_Event& event) {
     return pointer;
 }
 
-namespace {
-
-// Only one field is typed into at a time: opening the calculator's closes the recorder's.
-bool calculatorTakes(AppState& app, const SDL_Event& event) {
-    const bool wasEditing = app.calculator.calcEditing;
-    const bool taken = calculatorEvent(app.calculator, event, app.layout.windowW, app.layout.windowH);
-    if (app.calculator.calcEditing && !wasEditing && isEditingRange(app.recorder)) {
-        endRangeEditing(app.recorder);
-        SDL_StartTextInput();
-    }
-    return taken;
-}
-
-// Whoever takes a press elsewhere: the typed range is given up, as by Escape, and the clip editor closes.
-void leaveRecorder(AppState& app, int x, int y) {
-    const SDL_Rect& area = app.layout.recorder;
-    if (!contains(area, x, y)) endRangeEditing(app.recorder);
-    if (!recorderEditContains(app.recorder, area, x, y)) closeClipEditor(app.recorder);
-}
-
-}  // namespace
-
 void handleEvent(AppState& app, const SDL_Event& event) {
     renderMemoryEvent(app, event);
     if (!app.sizes.layoutReady) return;
     const PointerEvent pointer = pointerEvent(event);
-    if (pointer.leftDown) leaveRecorder(app, pointer.x, pointer.y);
+    // Before anyone takes the press: what is left by it is left whoever that is.
+    if (pointer.leftDown) {
+        leaveRecorderFields(app.recorder, app.layout.recorder, pointer.x, pointer.y,
+                            isUnderFloatingWindow(app, pointer.x, pointer.y));
+    }
     // A release is nobody's alone: it goes all the way, so that no drag outlives it.
-    if (calculatorTakes(app, event)) return;
+    if (calculatorEvent(app.calculator, event, app.layout.windowW, app.layout.windowH)) return;
     if (panelsEvent(app, event, pointer)) return;
     // The clip editor reaches above the recorder, over what lies there. What is held moves and ends over it
     // as elsewhere.
@@ -84,6 +67,7 @@ void handleEvent(AppState& app, const SDL_Event& event) {
     if (fxSlidersEvent(app, pointer)) return;
     if (tuningControlsEvent(app, pointer)) return;
     if (rowWheelEvent(app, event, pointer)) return;
+    if (leftPanelWheelEvent(app, event, pointer)) return;
     if (keyEvent(app, event)) return;
     releaseControls(app, pointer);
     if (pointer.leftDown) handleClick(app, pointer.x, pointer.y);

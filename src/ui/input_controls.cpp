@@ -4,6 +4,7 @@
 
 #include "engine/audio_lock.h"
 #include "ui/input_steps.h"
+#include "ui/scrolling.h"
 
 namespace veloria {
 
@@ -15,14 +16,14 @@ float alongTrack(const SDL_Rect& track, int x) {
 }
 
 // The controls of the "TUNING" tab take presses only where they are seen.
-bool tuningTabTakes(const AppState& app, const SDL_Rect& hit, int y) {
+bool tuningTabTakes(const AppState& app, const SDL_Rect& hit, const PointerEvent& p) {
     return !isEmpty(hit) && app.viewMode == kTuningTab && app.layout.leftWidth > kMinimumTuning &&
-           y < app.layout.contentBottom;
+           contains(leftPanelView(app.layout), p.x, p.y);
 }
 
 bool onGainTrack(const AppState& app, const SDL_Rect& track, const PointerEvent& p) {
-    return tuningTabTakes(app, track, p.y) && p.x >= track.x && p.x <= track.x + track.w &&
-           p.y >= track.y - 3 && p.y <= track.y + 15;
+    return tuningTabTakes(app, track, p) && p.x >= track.x && p.x <= track.x + track.w &&
+           p.y >= track.y - 3 && p.y <= track.y + kGainReachBelow;
 }
 
 // The gain slider that is held follows the pointer, wherever that goes.
@@ -43,24 +44,22 @@ bool pressGain(AppState& app, const PointerEvent& p) {
     return moveGain(app, p);
 }
 
-int splitterValue(const AppState& app, Splitter splitter) {
-    switch (splitter) {
-        case Splitter::Recorder:
-            return app.sizes.recorderHeight;
-        case Splitter::Left:
-            return app.sizes.leftWidth;
-        case Splitter::Right:
-            return app.sizes.rightX;
-        case Splitter::None:
-            break;
-    }
-    return 0;
+// The stored size that a splitter sets.
+int& splitterSize(PanelSizes& sizes, Splitter splitter) {
+    if (splitter == Splitter::Recorder) return sizes.recorderHeight;
+    return splitter == Splitter::Left ? sizes.leftWidth : sizes.rightX;
+}
+
+int shownSize(const WindowLayout& layout, Splitter splitter) {
+    if (splitter == Splitter::Recorder) return layout.recorder.h;
+    return splitter == Splitter::Left ? layout.leftWidth : layout.rightX;
 }
 
 bool pressSplitter(AppState& app, Splitter splitter, const PointerEvent& p) {
     if (splitter == Splitter::None) return false;
     app.held.splitter = splitter;
-    app.held.splitterStart = splitterValue(app, splitter);
+    app.held.splitterStart = shownSize(app.layout, splitter);
+    app.held.splitterStored = splitterSize(app.sizes, splitter);
     app.held.pressX = p.x;
     app.held.pressY = p.y;
     return true;
@@ -71,24 +70,29 @@ int within(int value, int low, int high) {
     return std::max(low, std::min(value, high));
 }
 
-bool moveSplitter(AppState& app, const PointerEvent& p) {
-    PanelSizes& sizes = app.sizes;
-    const int moved = app.held.splitterStart + p.x - app.held.pressX;
+// Where a splitter may be dragged to. A window too small for the limits of both sides shows a splitter beyond
+// its limit: it may stay there, but go no farther.
+int splitterLimit(const AppState& app, int value) {
+    const WindowLayout& layout = app.layout;
+    const int start = app.held.splitterStart;
     switch (app.held.splitter) {
         case Splitter::Recorder:
-            sizes.recorderHeight =
-                within(app.held.splitterStart + app.held.pressY - p.y, 150, app.layout.windowH - 200);
-            return true;
+            return within(value, kMinimumRecorder, layout.windowH - kRoomAboveRecorder);
         case Splitter::Left:
-            sizes.leftWidth = within(moved, 0, sizes.rightX - 200);
-            return true;
-        case Splitter::Right:
-            sizes.rightX = std::min(std::max(moved, sizes.leftWidth + 200), app.layout.windowW);
-            return true;
-        case Splitter::None:
-            return false;
+            return within(value, 0, std::max(layout.rightX - 200, start));
+        default:
+            return within(value, std::min(layout.leftWidth + 200, start), layout.windowW);
     }
-    return false;
+}
+
+bool moveSplitter(AppState& app, const PointerEvent& p) {
+    const HeldControls& held = app.held;
+    if (held.splitter == Splitter::None) return false;
+    const int moved = held.splitter == Splitter::Recorder ? held.pressY - p.y : p.x - held.pressX;
+    // What is shown may be less than what is stored: a press alone must not cut that down.
+    splitterSize(app.sizes, held.splitter) =
+        moved == 0 ? held.splitterStored : splitterLimit(app, held.splitterStart + moved);
+    return true;
 }
 
 Relaxed<std::int32_t>* fxSetting(AppState& app, int slider) {
@@ -100,7 +104,7 @@ Relaxed<std::int32_t>* fxSetting(AppState& app, int slider) {
 }
 
 void setFxSlider(AppState& app, int slider, int x) {
-    const float place = alongTrack(fxSliderRect(slider), x);
+    const float place = alongTrack(fxSliderRect(app.layout, slider), x);
     Relaxed<std::int32_t>* setting = fxSetting(app, slider);
     if (setting == nullptr) {
         app.gains->masterGain = place;
@@ -112,7 +116,7 @@ void setFxSlider(AppState& app, int slider, int x) {
 }
 
 bool onTuningTrack(const AppState& app, const SDL_Rect& track, const PointerEvent& p) {
-    return tuningTabTakes(app, track, p.y) && p.x >= track.x - 2 && p.x <= track.x + track.w + 2 &&
+    return tuningTabTakes(app, track, p) && p.x >= track.x - 2 && p.x <= track.x + track.w + 2 &&
            p.y >= track.y - 8 && p.y < track.y + track.h + 8;
 }
 
@@ -130,7 +134,7 @@ void setSpeed(AppState& app, int x) {
 
 bool pressSelector(AppState& app, const PointerEvent& p) {
     const SDL_Rect& box = app.hits.selectorHit;
-    if (!tuningTabTakes(app, box, p.y) || !contains(box, p.x, p.y)) return false;
+    if (!tuningTabTakes(app, box, p) || !contains(box, p.x, p.y)) return false;
     SacredFft& retuner = app.players.retuner;
     const auto targets = static_cast<std::int32_t>(sacredTargets.size());
     const std::int32_t index = retuner.targetIndex.load(std::memory_order_relaxed);
@@ -164,11 +168,8 @@ bool fxSlidersEvent(AppState& app, const PointerEvent& pointer) {
         }
         return false;
     }
-    if (!pointer.leftDown || app.viewMode != kFxTab ||
-        !contains(app.layout.leftPanel, pointer.x, pointer.y)) {
-        return false;
-    }
-    const int slider = fxSliderAt(pointer.x, pointer.y);
+    if (!pointer.leftDown || app.viewMode != kFxTab) return false;
+    const int slider = fxSliderAt(app.layout, pointer.x, pointer.y);
     if (slider < 0) return false;
     app.held.fxSlider[static_cast<std::size_t>(slider)] = true;
     setFxSlider(app, slider, pointer.x);
@@ -203,12 +204,23 @@ bool rowWheelEvent(AppState& app, const SDL_Event& event, const PointerEvent& po
     const bool shadow = app.tableTab == 1;
     std::int32_t& scroll = shadow ? app.shadowScroll : app.avatarScroll;
     const int rows = shadow ? kShadowIndexCount : kAvatarFamilySize;
-    scroll = std::clamp(scroll - 30 * event.wheel.y, 0, maxRowScroll(layout, rows));
+    scroll = std::clamp(scroll - kNotchPixels * event.wheel.y, 0, maxRowScroll(layout, rows));
+    return true;
+}
+
+// What is seen moves, and takes presses, where the next frame draws it.
+bool leftPanelWheelEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer) {
+    if (!pointer.wheel || !leftPanelShown(app.layout)) return false;
+    if (!contains(leftPanelView(app.layout), pointer.x, pointer.y)) return false;
+    std::int32_t& scroll = app.leftScroll[static_cast<std::size_t>(app.viewMode)];
+    scroll = std::clamp(scroll - kNotchPixels * event.wheel.y, 0, maxLeftScroll(app));
     return true;
 }
 
 bool keyEvent(AppState& app, const SDL_Event& event) {
     if (event.type != SDL_KEYDOWN) return false;
+    // A combination is another key, and of these none has a meaning here.
+    if ((event.key.keysym.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) != 0) return true;
     switch (event.key.keysym.sym) {
         case SDLK_1:
             app.engine->midiTuningMode = 0;

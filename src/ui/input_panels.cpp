@@ -60,7 +60,8 @@ bool offerToPanel(AppState& app, int id, bool targeted, const PointerEvent& poin
     input.windowW = app.layout.windowW;
     input.windowH = app.layout.windowH;
     input.targeted = targeted;
-    input.outsideCentre = pointer.x < app.layout.leftWidth || pointer.x >= app.layout.rightX;
+    input.overSidePanel = contains(app.layout.leftPanel, pointer.x, pointer.y) ||
+                          contains(app.layout.rightPanel, pointer.x, pointer.y);
     addOwnControls(app, id, input);
     const PanelOutcome outcome = panelEvent(panel, app.panelResize, input, event);
     if (outcome.action == PanelAction::Closed) endResearch(app, id);

@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "recorder_panel/panel.h"
+#include "ui/floating_panels.h"
 #include "ui/input_steps.h"
 
 namespace veloria {
@@ -64,6 +65,11 @@ RecorderClip clipTemplate(const SynthEngine& engine) {
     return clip;
 }
 
+// Does something lie over the recorder's rows at this point?
+bool isCovered(const AppState& app, int x, int y) {
+    return isUnderFloatingWindow(app, x, y) || recorderEditContains(app.recorder, app.layout.recorder, x, y);
+}
+
 // When the event came about, ms. All that has queued up behind a long frame is handed out at one instant;
 // only the event itself knows that two clicks lay far apart. One that was made by hand says nothing.
 std::uint32_t eventTicks(const AppState& app, const SDL_Event& event) {
@@ -95,6 +101,10 @@ bool rowDragEvent(AppState& app, const SDL_Event& event, const PointerEvent& poi
     if (!app.recorder.droneDragging) return false;
     if (pointer.motion) {
         setDragMouse(app.recorder, pointer.x, pointer.y);
+        return true;
+    }
+    if (right && isCovered(app, pointer.x, pointer.y)) {
+        endDroneDrag(app.recorder);
         return true;
     }
     if (right) {

@@ -45,6 +45,9 @@ bool tuningControlsEvent(AppState& app, const PointerEvent& pointer);
 // The wheel over the right panel's rows.
 bool rowWheelEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer);
 
+// The wheel over the left panel's content.
+bool leftPanelWheelEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer);
+
 // The keys of the window. Every key down ends here.
 bool keyEvent(AppState& app, const SDL_Event& event);
 

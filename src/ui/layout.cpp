@@ -10,6 +10,8 @@ namespace {
 
 constexpr int kFirstSideWidth = 400;
 constexpr int kSplitterReach = 4;
+constexpr int kNarrowestRight = 200;
+constexpr int kNarrowestCentre = 120;
 
 // How a button's place follows from the width W of the left panel's buttons.
 enum class Span { Full, Third1, Third2, Third3, Half1, Half2, BesideNormalize };
@@ -85,7 +87,19 @@ void initPanelSizes(PanelSizes& sizes, int windowW) {
     sizes.layoutReady = true;
 }
 
-WindowLayout windowLayout(const PanelSizes& sizes, int windowW, int windowH) {
+PanelSizes shownSizes(const PanelSizes& stored, int windowW, int windowH) {
+    PanelSizes shown = stored;
+    shown.recorderHeight =
+        std::min(stored.recorderHeight, std::max(kMinimumRecorder, windowH - kRoomAboveRecorder));
+    const int widestLeft = std::max(windowW - kNarrowestCentre - kNarrowestRight, 0);
+    shown.leftWidth = std::min(stored.leftWidth, widestLeft);
+    shown.rightX =
+        std::max(std::min(stored.rightX, windowW - kNarrowestRight), shown.leftWidth + kNarrowestCentre);
+    return shown;
+}
+
+WindowLayout windowLayout(const PanelSizes& stored, int windowW, int windowH) {
+    const PanelSizes sizes = shownSizes(stored, windowW, windowH);
     WindowLayout layout;
     layout.windowW = windowW;
     layout.windowH = windowH;
@@ -109,6 +123,10 @@ bool leftPanelShown(const WindowLayout& layout) {
 SDL_Rect leftPanelClip(const WindowLayout& layout) {
     const SDL_Rect& panel = layout.leftPanel;
     return {panel.x, panel.y, panel.w, std::max(panel.h, 0)};
+}
+SDL_Rect leftPanelView(const WindowLayout& layout) {
+    const int top = kTabBottom + (layout.leftScroll > 0 ? 1 : 0);  // under the line that closes the tabs
+    return {0, top, layout.leftWidth, std::max(layout.contentBottom - top, 0)};
 }
 bool rightPanelShown(const WindowLayout& layout) {
     return layout.rightPanel.w > kMinimumPanel;
@@ -143,11 +161,16 @@ int leftTabAt(const WindowLayout& layout, int x, int y) {
 
 SDL_Rect voicesSubTabRect(const WindowLayout& layout, int subTab) {
     const int width = layout.leftWidth / 2 - 4;
-    return {subTab == 0 ? 3 : layout.leftWidth / 2 + 1, 59, width, 22};
+    return {subTab == 0 ? 3 : layout.leftWidth / 2 + 1, leftPanelY(layout, 59), width, 22};
 }
 
 int voicesSubTabAt(const WindowLayout& layout, int x, int y) {
-    if (x < 3 || x >= layout.leftWidth - 3 || y < 59 || y > 80) return -1;
+    const int top = leftPanelY(layout, 59);
+    // The first row of the sub-tabs lies in the strip of the tabs, which take it before.
+    if (x < 3 || x >= layout.leftWidth - 3 || y < std::max(top, kTabBottom - 1) ||
+        y >= std::min(top + 22, layout.contentBottom)) {
+        return -1;
+    }
     return x < layout.leftWidth / 2 - 1 ? 0 : 1;
 }
 
@@ -185,13 +208,20 @@ int tuningSliderWidth(const WindowLayout& layout) {
 int leftButtonWidth(const WindowLayout& layout) {
     return std::min(layout.leftWidth - 10, 230);
 }
+int lineBehindGainsX(const WindowLayout& layout, int width) {
+    constexpr int kLeft = 8;
+    constexpr int kLeastRoom = 330;
+    if (layout.leftWidth < kLeastRoom) return kLeft;
+    const int behind = tuningSliderWidth(layout) + 66;
+    return std::max(std::min(behind, layout.leftWidth - kScrollBarWidth - width), kLeft);
+}
 
 SDL_Rect leftButtonRect(const WindowLayout& layout, const char* label) {
     const auto place = std::find_if(std::begin(kButtonPlaces), std::end(kButtonPlaces),
                                     [label](const ButtonPlace& p) { return p.label == label; });
     if (place == std::end(kButtonPlaces)) return {};
     SDL_Rect rect = spanRect(place->span, leftButtonWidth(layout), layout.leftWidth);
-    rect.y = place->y;
+    rect.y = leftPanelY(layout, place->y);
     rect.h = place->h;
     return rect.w > 0 ? rect : SDL_Rect{};
 }
@@ -218,28 +248,31 @@ TuningLayout tuningLayout(const WindowLayout& layout) {
     TuningLayout tuning;
     if (layout.leftWidth <= kMinimumTuning) return tuning;
     const int buttons = leftButtonWidth(layout);
+    const auto row = [&layout](int y) { return leftPanelY(layout, y); };
     // At full width the box is five pixels wider than the rule gives, so that its edge is flush with the
     // buttons.
     tuning.selector = buttons == 230
-                          ? SDL_Rect{83, 150, 152, 28}
-                          : SDL_Rect{(buttons - 8) / 3 + 9, 150, buttons - (buttons - 8) / 3 - 9, 28};
+                          ? SDL_Rect{83, row(150), 152, 28}
+                          : SDL_Rect{(buttons - 8) / 3 + 9, row(150), buttons - (buttons - 8) / 3 - 9, 28};
     const int w = tuningSliderWidth(layout);
-    tuning.strength = {8, 228, w + 14, 6};
-    tuning.speed = {8, 394, w + 14, 6};
-    tuning.gainLeft = {22, 434, w, 6};
-    tuning.gainRight = {22, 456, w, 6};
+    tuning.strength = {8, row(228), w + 14, 6};
+    tuning.speed = {8, row(394), w + 14, 6};
+    tuning.gainLeft = {22, row(434), w, 6};
+    tuning.gainRight = {22, row(456), w, 6};
     return tuning;
 }
 
-SDL_Rect fxSliderRect(int slider) {
-    return {kFxSliderX, kFxRows[static_cast<std::size_t>(slider)].sliderY, kFxSliderWidth, kFxSliderHeight};
+SDL_Rect fxSliderRect(const WindowLayout& layout, int slider) {
+    const int y = kFxRows[static_cast<std::size_t>(slider)].sliderY;
+    return {kFxSliderX, leftPanelY(layout, y), kFxSliderWidth, kFxSliderHeight};
 }
 
-int fxSliderAt(int x, int y) {
+int fxSliderAt(const WindowLayout& layout, int x, int y) {
+    if (!contains(leftPanelView(layout), x, y)) return -1;
     if (x < kFxSliderX - 2 || x > kFxSliderX + kFxSliderWidth + 2) return -1;
     for (int slider = 0; slider < kFxSliderCount; ++slider) {
         const FxRow& row = kFxRows[static_cast<std::size_t>(slider)];
-        if (y >= row.hitTop && y <= row.hitBottom) return slider;
+        if (y >= leftPanelY(layout, row.hitTop) && y <= leftPanelY(layout, row.hitBottom)) return slider;
     }
     return -1;
 }

@@ -33,7 +33,7 @@ constexpr int kFaintestNote = 4;  // alpha
 constexpr SDL_Color kBaseColour{70, 55, 90, 40};
 constexpr SDL_Color kMiddleColour{180, 160, 220, 150};
 constexpr int kMiddleReach = 3;  // pixels from the middle to the square's edges
-constexpr SDL_Color kTitleColour{220, 185, 90, 255};
+constexpr SDL_Color kTitleColour{230, 190, 140, 255};
 
 SDL_Color faded(SDL_Color colour, float fade) {
     const auto cut = [=](Uint8 value) { return static_cast<Uint8>(static_cast<float>(value) * fade); };

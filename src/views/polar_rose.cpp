@@ -21,7 +21,7 @@ constexpr int kRingSides = 36;
 constexpr float kInnermost = 0.12f;  // radius of silence
 constexpr float kSwing = 0.88f;      // and what the sample's size adds to it
 
-constexpr SDL_Color kTitleColor{230, 200, 110, 255};
+constexpr SDL_Color kTitleColor{140, 210, 240, 255};
 constexpr SDL_Color kRingColor{70, 58, 18, 255};
 constexpr SDL_Color kCrossColor{60, 50, 18, 30};
 constexpr SDL_Color kGlowColor{200, 170, 50, 25};

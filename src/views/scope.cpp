@@ -128,4 +128,12 @@ void drawVoices(const DrawContext& context, int x, int y, const FrameSnapshot& s
     }
 }
 
+int voiceListHeight(const FrameSnapshot& snapshot) {
+    const std::array<int, kListedChannels> counts = voicesPerChannel(snapshot);
+    const auto rows = counts.size() - static_cast<std::size_t>(std::count(counts.begin(), counts.end(), 0));
+    constexpr int kHead = kHeadlineDrop + kFirstRowDrop;
+    constexpr int kRoom = (kListHeight - kHead) / kRowPitch;
+    return kHead + kRowPitch * std::min(static_cast<int>(rows), kRoom);
+}
+
 }  // namespace veloria

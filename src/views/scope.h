@@ -34,5 +34,7 @@ void drawScopePanel(const DrawContext& context, const PanelState& panel, const S
 // "Voices: 3 / 256" and below it a row for each of the first twelve channels that sound, from (x, y) in
 // pixels; 250 high in all. It takes no input.
 void drawVoices(const DrawContext& context, int x, int y, const FrameSnapshot& snapshot);
+// How much of that height its rows take, pixels.
+[[nodiscard]] int voiceListHeight(const FrameSnapshot& snapshot);
 
 }  // namespace veloria

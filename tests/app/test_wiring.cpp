@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <string>
 #include <vector>
@@ -100,12 +101,19 @@ class ExportButton : public Wiring {
         app.scope.samples.fill(0.5f);
         app.scope.write = 77;
     }
-    // The clock goes on with every picture, far enough for the walker to be due many times.
+    // Each tenth of a second of sound but the first takes 50 ms to render, so that the walker comes to be
+    // due.
     void watch() {
         seenFrame = app.lastFrameMs;
+        fakePlatform().clock = [this, told = 0.0f]() mutable {
+            if (app.exporting && app.recorder.exportProgress != told) {
+                told = app.recorder.exportProgress;
+                fakePlatform().ticks += 50;
+            }
+            return fakePlatform().ticks;
+        };
         fakePlatform().onCall = [this](const std::string& entry) {
             if (entry != "lock") return;
-            fakePlatform().ticks += 50;
             // Each frame takes the lock once, with its own time; the render's own holds come without one.
             if (!app.exporting || app.lastFrameMs == seenFrame) return;
             seenFrame = app.lastFrameMs;
@@ -143,8 +151,8 @@ TEST_F(ExportButton, FramesOfTheRenderSeeTheClipsAloneAndEverythingElseHeld) {
     watch();
     fakePlatform().dialogPaths = {folder / "take.wav"};
     clickExport();
-    // One before the sound begins, and one for each tenth of two seconds.
-    ASSERT_EQ(frames.size(), 21u);
+    // One for each tenth of two seconds, but for those of the first 100 ms.
+    ASSERT_EQ(frames.size(), 18u);
     for (const FrameOfExport& one : frames) {
         EXPECT_TRUE(one.devicePaused);
         EXPECT_TRUE(one.midiPaused);
@@ -154,6 +162,24 @@ TEST_F(ExportButton, FramesOfTheRenderSeeTheClipsAloneAndEverythingElseHeld) {
     EXPECT_FALSE(app.exporting);
     EXPECT_EQ(app.recorder.exportProgress, 0.0f);
     EXPECT_EQ(app.walker.lastTickMs, app.lastFrameMs) << "it took its step once all was over";
+}
+
+TEST_F(ExportButton, AWindowThatIsClosedMeanwhileLeavesNoFileAndQuits) {
+    ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_EVENTS), 0);
+    setUpSound();
+    watch();
+    folder.write("take.wav", "old");
+    SDL_Event quit;
+    SDL_zero(quit);
+    quit.type = SDL_QUIT;
+    ASSERT_EQ(SDL_PushEvent(&quit), 1);
+    fakePlatform().dialogPaths = {folder / "take.wav"};
+    clickExport();
+    EXPECT_EQ(std::filesystem::file_size(folder / "take.wav"), 3u);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
+    EXPECT_FALSE(fakePlatform().audioPaused);
+    EXPECT_FALSE(pollEvents(app));
+    SDL_QuitSubSystem(SDL_INIT_EVENTS);
 }
 
 TEST_F(ExportButton, AfterwardsTheEngineIsResetAndAllGoesOnFromWhereItWas) {
@@ -191,9 +217,7 @@ TEST_F(ExportButton, ACancelledDialogChangesNothing) {
     const std::uint32_t lastFrame = app.lastFrameMs;
     const test::Picture before = picture();
     clickExport();
-    ASSERT_EQ(fakePlatform().log.size(), 3u);
-    EXPECT_EQ(fakePlatform().log.front(), "pause 1");
-    EXPECT_EQ(fakePlatform().log.back(), "pause 0");
+    EXPECT_EQ(fakePlatform().log.size(), 1u) << "the dialog alone: everything sounds on behind it";
     EXPECT_EQ(engine.voices.size(), voices);
     EXPECT_EQ(engine.time, 11.5);
     EXPECT_TRUE(engine.rotationHeld[5]);
@@ -349,6 +373,112 @@ TEST_F(LoadAndReset, ResetStopsThePlaybackAndEmptiesTheRecorder) {
     frame(kNow + 60);
     EXPECT_TRUE(engine.voices.empty());
     EXPECT_EQ(app.recorder.playhead, 0.0);
+}
+
+// The kept picture of the scene, and what it shows once something has been going on without frames.
+class KeptScene : public Wiring {
+  protected:
+    // How many pixels of the main view differ.
+    int differing(const test::Picture& a, const test::Picture& b) const {
+        const SDL_Rect& centre = app.layout.centre;
+        int count = 0;
+        for (int y = centre.y; y < centre.y + centre.h; ++y) {
+            for (int x = centre.x; x < centre.x + centre.w; ++x)
+                count += a.at(x, y) == b.at(x, y) ? 0 : 1;
+        }
+        return count;
+    }
+    test::Picture framed() {
+        frame(fakePlatform().ticks);
+        return picture();
+    }
+    // What loading takes of the time, and what a dialog stands open.
+    void letCallsTakeTime() {
+        fakePlatform().onCall = [](const std::string& entry) {
+            if (entry == "pause 1" || entry.rfind("choose", 0) == 0 || entry.rfind("messageBox", 0) == 0)
+                fakePlatform().ticks += 3000;
+        };
+    }
+    void playNote() {
+        playMidi();
+        noteOn(engine, {.frequency = 396.0, .volume = 0.5f, .duration = 500.0});
+        engine.time = engine.time + 1.0;
+    }
+    // Draws until the picture is at rest, so that only a reason of its own draws it again.
+    void rest() {
+        framed();
+        fakePlatform().ticks += 2000;
+        framed();
+        fakePlatform().ticks += 2000;
+        framed();
+        ASSERT_FALSE(app.kathara.sceneDrawnInMainView);
+    }
+};
+
+TEST_F(KeptScene, NotesOfTheOldFileGoOutWhenAnotherIsLoaded) {
+    const std::vector<std::int16_t> silence(200, 0);
+    ASSERT_TRUE(writeWavFile(folder / "song.wav", silence));
+    letCallsTakeTime();
+    const test::Picture dark = framed();
+    for (const bool byButton : {true, false}) {
+        playNote();
+        fakePlatform().ticks += 16;
+        ASSERT_GT(differing(dark, framed()), 20);
+        fakePlatform().dialogPaths = {folder / "song.wav"};
+        if (byButton) {
+            clickRect(topBarButtonRect(app.layout, kLoadButton));
+        } else {
+            app.onLoadFile(folder / "song.wav");
+        }
+        ASSERT_EQ(app.transport.kind, MediaKind::Pcm);
+        fakePlatform().ticks += 16;
+        EXPECT_EQ(differing(dark, framed()), 0) << byButton;
+    }
+}
+
+TEST_F(KeptScene, ItIsDrawnAnewAfterALoadADialogAResetAndAnExport) {
+    letCallsTakeTime();
+    const std::vector<std::pair<const char*, std::function<void()>>> occasions = {
+        {"a load", [this] { app.onLoadFile(folder / "missing.mp3"); }},
+        {"a load that was not made", [this] { clickRect(topBarButtonRect(app.layout, kLoadButton)); }},
+        {"a reset", [this] { clickRect(topBarButtonRect(app.layout, kResetButton)); }},
+        {"an import", [this] { app.onImportMidi(); }},
+        {"an export that was not made", [this] { clickExport(); }},
+        {"an OBJ file that was not written",
+         [this] { clickRect(katharaMainLayout(app.layout.centre).buttons[6]); }},
+        {"an export",
+         [this] {
+             fakePlatform().dialogPaths = {folder / "take.wav"};
+             clickExport();
+         }},
+    };
+    for (const auto& [name, act] : occasions) {
+        RecorderClip clip;
+        clip.end = 0.5;
+        clip.start = 0.25;
+        clearRecorder(app.recorder);
+        addClip(app.recorder, 0, 440.0, clip);
+        rest();
+        act();
+        fakePlatform().ticks += 2000;
+        framed();
+        EXPECT_TRUE(app.kathara.sceneDrawnInMainView) << name;
+        rest();
+    }
+}
+
+TEST_F(LoadAndReset, AFrameIsDrawnBetweenTheChooserAndAMessage) {
+    const std::string broken = folder.write("broken.wav", "no sound");
+    fakePlatform().dialogPaths = {broken};
+    std::vector<std::uint32_t> boxes;  // ms, when the frame before each message was drawn
+    fakePlatform().onCall = [&](const std::string& entry) {
+        if (entry.rfind("chooseFileToOpen", 0) == 0) fakePlatform().ticks += 5000;
+        if (entry.rfind("messageBox", 0) == 0) boxes.push_back(app.draw.ticks);
+    };
+    clickRect(topBarButtonRect(app.layout, kLoadButton));
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_EQ(boxes[0], kNow + 5000) << "after the chooser, and not from before it";
+    EXPECT_EQ(app.lastFrameMs, kNow + 5000);
 }
 
 TEST_F(LoadAndReset, ResetOfAPausedRecorderStopsItToo) {

@@ -262,6 +262,7 @@ TEST_F(Arguments, HelpListsEverySubCommandAndOption) {
     // The left column and how the right one begins and ends.
     const std::vector<std::vector<const char*>> lines = {
         {"  render INPUT OUTPUT.wav  ", "what PLAY would sound"},
+        {"  render FILE... --out-dir DIR  ", "many files"},
         {"  record INPUT.mid OUTPUT.wav  "},
         {"  walk SECONDS OUTPUT.wav  ", "the scale walker from its start"},
         {"  notes INPUT.mid  ", "CSV of the tuned notes"},
@@ -285,6 +286,8 @@ TEST_F(Arguments, HelpListsEverySubCommandAndOption) {
         {"  --strength N  ", ", 0 to 100 (render)"},
         {"  --activation off|heart|trinity|fibonacci  ", "(render, walk)"},
         {"  --step MS  ", ", held to 30 to 1000 (walk)"},
+        {"  --out-dir DIR  ", "(render)"},
+        {"  --jobs N  ", ", 1 to 1024 (render)"},
         {"  --quiet  ", "(render, record, walk)"},
         {"  --help  "},
         {"  --version  "}};

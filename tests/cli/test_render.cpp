@@ -165,6 +165,38 @@ TEST_F(Render, AnOutputThatCannotBeWrittenLeavesNothingBehindAndTakesNothingAway
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.wav"));
 }
 
+TEST_F(Render, AnOutputThatIsItsInputIsRefusedUnderAnyName) {
+    const std::string song = test::readText(oneNote());
+    std::filesystem::create_symlink("song.mid", path("link.mid"));
+    std::filesystem::create_hard_link(path("song.mid"), path("other.mid"));
+    for (const char* command :
+         {"render song.mid song.mid", "render song.mid ./song.mid", "render song.mid link.mid",
+          "render link.mid other.mid", "record song.mid link.mid"}) {
+        const test::ToolResult result = run(command);
+        EXPECT_EQ(result.status, 2) << command;
+        EXPECT_NE(result.err.find("is the input and the output at once"), std::string::npos) << result.err;
+        EXPECT_EQ(test::readText(path("song.mid")), song) << command;
+    }
+}
+
+TEST_F(Render, ALimitOfTheFileSizeLeavesTheOldFileAndNoRest) {
+    oneNote();
+    std::ofstream(path("out.wav")) << "old";
+    const auto limited = [this](const std::string& arguments) {
+        const std::string shell = "ulimit -f 8; exec '" VELORIA_CLI "' " + arguments + " 2>/dev/null";
+        return std::system(("cd '" + folder.string() + "' && sh -c \"" + shell + "\"").c_str());
+    };
+    for (const char* arguments :
+         {"render song.mid out.wav", "record song.mid out.wav", "walk 2 out.wav", "obj tree out.wav"}) {
+        const int status = limited(arguments);
+        ASSERT_TRUE(WIFEXITED(status)) << arguments;
+        EXPECT_EQ(WEXITSTATUS(status), 1) << arguments;
+        EXPECT_EQ(test::readText(path("out.wav")), "old") << arguments;
+        const auto entries = std::filesystem::directory_iterator(folder);
+        EXPECT_EQ(std::distance(entries, {}), 2) << arguments;
+    }
+}
+
 TEST_F(Render, APathWithQuotesAndSpacesWorks) {
     test::MidiTrack track;
     track.on(0, 0, 60, 100).off(48, 0, 60).endOfTrack();
@@ -236,15 +268,42 @@ TEST_F(RenderRetuned, WithoutStrengthTheFullModeOnlyDelaysByABlock) {
     EXPECT_NE(samples, render("--fft full --strength 50"));
 }
 
-TEST_F(RenderRetuned, LastsItsSamplesTheFrameOfItsEndAndASecondInEveryModeThatDoesNotHurry) {
+TEST_F(RenderRetuned, LastsItsSamplesTheFrameOfItsEndWhatLagsThereAndASecond) {
     tone(600.0, 12345);
-    for (const char* mode : {"--fft off", "--fft full", "--fft peak", "--fft solfeggio --target 258",
-                             "--fft solfeggio --target 432"}) {
+    for (const char* mode : {"--fft off", "--fft full", "--fft peak"}) {
         EXPECT_EQ(render(mode).size(), 2u * (12345 + 1 + 44100)) << mode;
+    }
+    struct Case {
+        const char* mode;
+        double ratio;
+    };
+    for (const Case& c : {Case{"--fft solfeggio --target 258", 258.0 / 261.6255653005986},
+                          {"--fft solfeggio --target 432", 432.0 / 440.0}}) {
+        // The reading begins four frames late and stands where the ratio has brought it; the rest is read at
+        // the same pace.
+        const double lag = (12346.0 - (12346.0 - 4.0) * c.ratio) / c.ratio;
+        EXPECT_EQ(render(c.mode).size(), 2u * (12345 + 1 + 44100 + static_cast<std::size_t>(std::ceil(lag))))
+            << c.mode;
     }
     // 528 / 523.25 takes up to 1.0091 samples a frame, and comes out shorter by that.
     const double frames = static_cast<double>(render("--fft solfeggio").size()) / 2 - 44100;
     EXPECT_NEAR(frames, 12345 / (528.0 / 523.2511306011972), 8.0);
+}
+
+// After 104 s the reading is 1.44 s late, and the tail alone is too short for what is left.
+TEST_F(RenderRetuned, AClickAtTheEndOfALongFileIsHeard) {
+    constexpr std::size_t kLength = 104 * 44100;
+    constexpr std::size_t kClick = kLength - 4410;
+    std::vector<std::int64_t> samples(kLength);
+    for (std::size_t i = kClick; i < kClick + 20; ++i)
+        samples[i] = 16384;
+    write("in.wav", test::wavFile({}, test::integers(2, samples)));
+    const auto out = render("--fft solfeggio --target 258");
+    const auto loudest = std::max_element(out.begin(), out.end());
+    EXPECT_GE(*loudest, 15000);
+    const double at = static_cast<double>(loudest - out.begin()) / 2.0;
+    EXPECT_NEAR(at, static_cast<double>(kClick) / (258.0 / 261.6255653005986), 30.0);
+    EXPECT_NEAR(static_cast<double>(out.size()) / 2.0, kLength / (258.0 / 261.6255653005986) + 44100.0, 8.0);
 }
 
 TEST_F(RenderRetuned, TheTailKeepsWhatIsStillInTheRetuner) {

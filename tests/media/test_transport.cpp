@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -10,6 +12,7 @@
 #include "engine/control.h"
 #include "engine/render.h"
 #include "media/midi_playback.h"
+#include "media/mix.h"
 #include "media/transport.h"
 #include "platform/audio_device.h"
 #include "platform/fake/fake_platform.h"
@@ -75,6 +78,7 @@ class TransportTest : public ::testing::Test {
     MidiFile midi;
     PcmStream pcm;
     std::unique_ptr<SacredFft> retuner = std::make_unique<SacredFft>();
+    OutputGains gains;
     Transport transport;
     MediaPlayers players{engine, midi, pcm, *retuner};
     int reloads = 0;
@@ -96,7 +100,9 @@ TEST_F(TransportTest, AMidiFileIsReadWithTheDevicePausedAndStandsPausedAtItsStar
                                                "mediaCommand close VeloMedia",
                                                "pause 1",
                                                "wait 50",
-                                               "lock",
+                                               "lock",  // the retuner's streams
+                                               "unlock",
+                                               "lock",  // the voices
                                                "unlock",
                                                "pause 0"};
     EXPECT_EQ(log(), expected);
@@ -125,13 +131,13 @@ TEST_F(TransportTest, AMidiFileThatCannotBeParsedSaysSoAndStaysMidi) {
     EXPECT_EQ(fakePlatform().count("messageBox Error|Error|Failed to parse MIDI file!"), 1);
 }
 
-TEST_F(TransportTest, TheMidiMessageShowsWhileTheDeviceIsPaused) {
-    bool pausedAtMessage = false;
+TEST_F(TransportTest, TheMidiMessageShowsWithTheDeviceRunningAgain) {
+    bool pausedAtMessage = true;
     fakePlatform().onCall = [&](const std::string& entry) {
         if (entry.rfind("messageBox", 0) == 0) pausedAtMessage = fakePlatform().audioPaused;
     };
     load(badPath("bad.mid"));
-    EXPECT_TRUE(pausedAtMessage);
+    EXPECT_FALSE(pausedAtMessage);
 }
 
 TEST_F(TransportTest, AFileOfNoteOffsOnlyIsNoFailure) {
@@ -158,10 +164,49 @@ TEST_F(TransportTest, AWavFileBecomesTheStreamAndClearsTheRetunersRings) {
     EXPECT_EQ(retuner->timeRing[3], 0.0f);
 }
 
-TEST_F(TransportTest, AMidiLoadLeavesTheRetunersRingsAlone) {
-    retuner->inputPos = 17;
-    load(midiPath());
-    EXPECT_EQ(retuner->inputPos, 17);
+TEST_F(TransportTest, EveryLoadAStopAndAResetSilenceTheRetunerUnderTheLock) {
+    const auto clears = [this](const std::string& what, const std::function<void()>& act) {
+        retuner->inputPos = 17;
+        retuner->outputRing[5] = 0.5f;
+        retuner->timeRing[3] = 1.0f;
+        retuner->timeWrite = 90;
+        bool underLock = false;
+        fakePlatform().onCall = [&](const std::string& entry) {
+            if (entry == "unlock" && retuner->timeWrite == 0) underLock = true;
+        };
+        act();
+        fakePlatform().onCall = nullptr;
+        EXPECT_EQ(retuner->inputPos, 0) << what;
+        EXPECT_EQ(retuner->outputRing[5], 0.0f) << what;
+        EXPECT_EQ(retuner->timeRing[3], 0.0f) << what;
+        EXPECT_EQ(retuner->timeWrite, 0u) << what;
+        EXPECT_TRUE(underLock) << what;
+    };
+    clears("MIDI", [this] { load(midiPath()); });
+    clears("bad MIDI", [this] { load(badPath("bad.mid")); });
+    clears("bad WAV", [this] { load(badPath("bad.wav")); });
+    clears("the media device's", [this] { load("/x/song.ogg"); });
+    clears("WAV", [this] { load(wavPath()); });
+    clears("STOP", [this] { stopMedia(transport, players); });
+    clears("RESET", [this] { resetMedia(transport, players); });
+    clears("STOP with nothing loaded", [this] { stopMedia(transport, players); });
+}
+
+// In mode 3 a ratio below 1 reads ever later than the file is fed.
+TEST_F(TransportTest, NothingOfTheFileSoundsAfterStop) {
+    fillSolfeggioRatio(*retuner);
+    retuner->targetIndex = 7;  // 432 Hz
+    retuner->SetMode(kModeSolfeggio);
+    load(wavPath());
+    pcm.samples.assign(200000, 0.5f);
+    playMedia(transport, players);
+    std::vector<float> out(2 * 100000);
+    mixOutput({engine, pcm, *retuner}, gains, out.data(), 100000, nullptr);
+    EXPECT_EQ(out.back(), 0.5f);
+    stopMedia(transport, players);
+    mixOutput({engine, pcm, *retuner}, gains, out.data(), 100000, nullptr);
+    EXPECT_EQ(std::count(out.begin(), out.end(), 0.0f), 200000);
+    EXPECT_EQ(pcm.position, 100000u) << "the place is kept";
 }
 
 TEST_F(TransportTest, AnUnreadableWavFileSaysSoWithTheDeviceRunningAgain) {
@@ -187,7 +232,9 @@ TEST_F(TransportTest, AnyOtherFileIsOpenedByTheMediaDevice) {
         "mediaCommand close VeloMedia",
         "pause 1",
         "wait 50",
-        "lock",
+        "lock",  // the voices
+        "unlock",
+        "lock",  // the retuner's streams
         "unlock",
         "pause 0",
         "mediaCommand open \"/music/My \"Song\".wma\" alias VeloMedia"};
@@ -263,7 +310,7 @@ TEST_F(TransportTest, TheMediaDeviceRemembersWhereItWasStopped) {
     fakePlatform().mediaAnswers["status VeloMedia position"] = {{0, "12345"}};
     stopMedia(transport, players);
     EXPECT_EQ(log(), (std::vector<std::string>{"mediaCommand status VeloMedia position",
-                                               "mediaCommand stop VeloMedia"}));
+                                               "mediaCommand stop VeloMedia", "lock", "unlock"}));
     EXPECT_EQ(transport.mciPosition, "12345");
     EXPECT_TRUE(transport.mciStopped);
     log().clear();
@@ -357,6 +404,45 @@ TEST_F(TransportTest, TheEndOfAStreamReloadsItOnceAndLeavesItStopped) {
     EXPECT_EQ(reloads, 1);
     playMedia(transport, players);
     EXPECT_EQ(nextPcmSample(pcm), 0.25f);
+}
+
+// The program's callback and its loop: a frame's worth of sound, then the question for the end.
+TEST_F(TransportTest, AFileIsReloadedOnlyWhenTheRetunerHasGivenOutItsLastSound) {
+    fillHannWindow(*retuner);
+    retuner->Init();
+    fillSolfeggioRatio(*retuner);
+    struct Case {
+        std::int32_t mode;
+        std::int32_t target;
+        std::size_t latest;  // frames behind the file's end at which it must have been reloaded
+    };
+    constexpr std::size_t kFrame = 735;
+    constexpr std::size_t kLength = 400000;
+    for (const Case& c : {Case{kModeOff, 8, 0}, Case{kModeFull, 8, 8191}, Case{kModePeak, 8, 8191},
+                          Case{kModeSolfeggio, 2, 5630},  // a lag of 5547 samples, read at 0.986
+                          Case{kModeSolfeggio, 8, 0}}) {
+        retuner->mode = kModeOff;
+        load(wavPath());
+        retuner->SetMode(c.mode);
+        retuner->targetIndex = c.target;
+        pcm.samples.assign(kLength, 0.0f);
+        for (std::size_t i = kLength - 600; i < kLength; ++i)
+            pcm.samples[i] = 0.5f;
+        const int before = reloads;
+        playMedia(transport, players);
+        std::vector<float> out(2 * kFrame);
+        double heard = 0.0;
+        std::size_t done = 0;
+        for (; reloads == before && done < 2 * kLength; done += kFrame) {
+            mixOutput({engine, pcm, *retuner}, gains, out.data(), kFrame, nullptr);
+            for (std::size_t i = 0; i < kFrame; ++i)
+                heard += static_cast<double>(out[2 * i]) * static_cast<double>(out[2 * i]);
+            poll(static_cast<std::uint32_t>(done));
+        }
+        EXPECT_GT(heard, 0.6 * 600 * 0.25) << c.mode << " " << c.target;
+        EXPECT_LE(done, kLength + 1 + c.latest + 2 * kFrame) << c.mode << " " << c.target;
+        EXPECT_FALSE(transport.playing);
+    }
 }
 
 TEST_F(TransportTest, ASecondEndReloadsAgainOnceThePlayWasSeen) {

@@ -1,15 +1,25 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <array>
 #include <cmath>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <vector>
 
 #include "media/pcm_loader.h"
 #include "media/wav_writer.h"
+#include "tests/platform/scratch_folder.h"
 
 namespace veloria {
 namespace {
+
+std::string bytesOf(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
 
 TEST(WavWriter, ASampleIsTimes32000TruncatedAndHeldToSixteenBits) {
     EXPECT_EQ(toSample16(0.0f), 0);
@@ -63,6 +73,57 @@ TEST(WavWriter, AFullDiskFails) {
     if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
     EXPECT_FALSE(writeWavFile("/dev/full", std::vector<std::int16_t>(2, 7)));
     EXPECT_FALSE(writeWavFile("/dev/full", std::vector<std::int16_t>(200000, 7)));
+}
+
+class WavFileTest : public testing::Test {
+  protected:
+    const std::vector<std::int16_t> samples = {1, -2, 3, -4, 5, -6};
+    test::ScratchFolder folder;
+};
+
+TEST_F(WavFileTest, InPiecesItIsTheSameFileWhateverLengthWasPromised) {
+    ASSERT_TRUE(writeWavFile(folder / "whole.wav", samples));
+    for (const std::uint64_t promised :
+         {std::uint64_t{3}, std::uint64_t{0}, std::uint64_t{77}, kUnknownFrames}) {
+        WavFile file(folder / "pieces.wav", promised);
+        EXPECT_TRUE(file.write({samples.data(), 2}));
+        EXPECT_TRUE(file.write({}));
+        EXPECT_TRUE(file.write({samples.data() + 2, 4}));
+        EXPECT_FALSE(std::filesystem::exists(folder / "pieces.wav"));
+        ASSERT_TRUE(file.finish()) << promised;
+        EXPECT_EQ(bytesOf(folder / "pieces.wav"), bytesOf(folder / "whole.wav")) << promised;
+        std::filesystem::remove(folder / "pieces.wav");
+    }
+}
+
+TEST_F(WavFileTest, APipeGetsTheLengthThatWasPromisedOrTheLargest) {
+    for (const std::uint64_t promised : {std::uint64_t{3}, kUnknownFrames}) {
+        int ends[2];
+        ASSERT_EQ(pipe(ends), 0);
+        WavFile file("/proc/self/fd/" + std::to_string(ends[1]), promised);
+        EXPECT_TRUE(file.write(samples));
+        EXPECT_TRUE(file.finish());
+        std::array<std::uint8_t, 100> bytes{};
+        EXPECT_EQ(read(ends[0], bytes.data(), bytes.size()), 44 + 12);
+        std::uint32_t size = 0;
+        std::memcpy(&size, bytes.data() + 40, sizeof size);
+        EXPECT_EQ(size, promised == 3 ? 12u : 4294967256u);
+        close(ends[0]);
+        close(ends[1]);
+    }
+}
+
+TEST_F(WavFileTest, WhatCannotBeWrittenLeavesTheOldFile) {
+    folder.write("old.wav", "old");
+    {
+        WavFile file(folder / "old.wav", 3);
+        EXPECT_TRUE(file.write(samples));
+    }
+    EXPECT_EQ(bytesOf(folder / "old.wav"), "old");
+    WavFile nowhere(folder / "no/such.wav", 3);
+    EXPECT_FALSE(nowhere.good());
+    EXPECT_FALSE(nowhere.write(samples));
+    EXPECT_FALSE(nowhere.finish());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // dialog_test.sh plays the user.   dialog_probe open|save|box
 #include <SDL.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -9,6 +10,7 @@
 #include <filesystem>
 #include <string>
 
+#include "platform/dialog_hook.h"
 #include "platform/dialogs.h"
 #include "platform/message_box.h"
 
@@ -45,6 +47,17 @@ void showWindow(SDL_Window* window) {
     SDL_FlushEvents(SDL_FIRSTEVENT, SDL_LASTEVENT);
 }
 
+int g_hookCalls = 0;
+Uint32 g_lastCall = 0;     // ms
+Uint32 g_longestWait = 0;  // ms between two calls
+
+void noteCall() {
+    const Uint32 now = SDL_GetTicks();
+    g_longestWait = std::max(g_longestWait, now - g_lastCall);
+    g_lastCall = now;
+    ++g_hookCalls;
+}
+
 std::string run(const char* what) {
     if (std::strcmp(what, "open") == 0) return chooseFileToOpen({"Select Music File", kOpenFilters});
     if (std::strcmp(what, "save") == 0) {
@@ -63,11 +76,17 @@ int main(int argc, char** argv) {
     showWindow(window);
     SDL_AddTimer(100, pushQuit, nullptr);
     const std::filesystem::path before = std::filesystem::current_path();
+    setDialogHook(noteCall);
+    g_lastCall = SDL_GetTicks();
     const std::string path = run(argv[1]);
+    setDialogHook({});
     std::printf("path=%s\n", path.c_str());
     std::printf("down=%d up=%d key=%d text=%d keyup=%d quit=%d\n", countEvents(SDL_MOUSEBUTTONDOWN),
                 countEvents(SDL_MOUSEBUTTONUP), countEvents(SDL_KEYDOWN), countEvents(SDL_TEXTINPUT),
                 countEvents(SDL_KEYUP), countEvents(SDL_QUIT));
+    std::printf("hook=%s\n", g_hookCalls > 5 ? "called" : "missed");
+    std::fprintf(stderr, "the hook was called %d times, %u ms apart at the most\n", g_hookCalls,
+                 g_longestWait);
     std::printf("numeric=%s folder=%s\n", std::setlocale(LC_NUMERIC, nullptr),
                 before == std::filesystem::current_path() ? "kept" : "moved");
     SDL_DestroyWindow(window);

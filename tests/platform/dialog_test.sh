@@ -88,9 +88,11 @@ expect_end() {
   probe_pid=""
   expect_line "path=$1"
   expect_line "numeric=C folder=kept"
+  # What sounds is fed from there.
+  expect_line "hook=called"
   # GTK tells of its own misuse there.
   if grep -qE 'CRITICAL|WARNING|mapped without' "$work/err"; then fail "GTK complained"; fi
-  echo "passed: $scenario"
+  echo "passed: $scenario ($(grep 'the hook was' "$work/err"))"
 }
 
 scenario="start"

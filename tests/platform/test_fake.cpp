@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <new>
+#include <vector>
 
 #include "platform/audio_device.h"
 #include "platform/clock.h"
+#include "platform/dialog_hook.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/media_command.h"
@@ -54,6 +57,46 @@ TEST_F(Fake, DialogsAnswerInTurnAndAreCancelledAfterThat) {
     EXPECT_EQ(chooseFileToOpen({"Select", kFilters}), "");
     EXPECT_EQ(fakePlatform().log[0], "chooseFileToOpen Select|WAV Files=*.wav|All Files=*.*");
     EXPECT_EQ(fakePlatform().log[1], "chooseFileToSave Export|name.wav|wav|WAV Files=*.wav|All Files=*.*");
+}
+
+TEST_F(Fake, ADialogStandsAsLongAsItIsToldAndCallsTheHookAtEachStep) {
+    std::vector<std::uint32_t> called;
+    setDialogHook([&called] { called.push_back(fakePlatform().ticks); });
+    fakePlatform().dialogMs = 30;
+    messageBox("text", "Error", MessageIcon::Error);
+    setDialogHook({});
+    messageBox("text", "Error", MessageIcon::Error);
+    EXPECT_EQ(called, (std::vector<std::uint32_t>{10, 20, 30}));
+    EXPECT_EQ(fakePlatform().ticks, 60u);
+}
+
+TEST_F(Fake, ABoxThatTheHookAsksForComesBehindTheDialog) {
+    int asked = 0;
+    setDialogHook([&asked] {
+        if (++asked <= 2) messageBox(asked == 1 ? "first" : "second", "Error", MessageIcon::Error);
+        EXPECT_EQ(fakePlatform().log.size(), asked <= 3 ? 1u : fakePlatform().log.size());
+    });
+    fakePlatform().dialogMs = 30;
+    fakePlatform().dialogPaths = {"/a.mid"};
+    EXPECT_EQ(chooseFileToOpen({"Select", kFilters}), "/a.mid");
+    setDialogHook({});
+    ASSERT_EQ(fakePlatform().log.size(), 3u);
+    EXPECT_EQ(fakePlatform().log[1], "messageBox Error|Error|first");
+    EXPECT_EQ(fakePlatform().log[2], "messageBox Error|Error|second");
+    messageBox("third", "Error", MessageIcon::Error);
+    EXPECT_EQ(fakePlatform().log.size(), 4u);
+}
+
+TEST_F(Fake, WhatTheHookThrowsIsDropped) {
+    int calls = 0;
+    setDialogHook([&calls] {
+        ++calls;
+        throw std::bad_alloc();
+    });
+    fakePlatform().dialogMs = 20;
+    EXPECT_EQ(chooseFileToOpen({"Select", kFilters}), "");
+    setDialogHook({});
+    EXPECT_EQ(calls, 2);
 }
 
 TEST_F(Fake, MediaAnswersGoByCommandThenByFirstWord) {

@@ -196,5 +196,18 @@ TEST(FileNames, APathIsTakenApartAtItsLastSlash) {
     EXPECT_EQ(folderOf("b.c"), "");
 }
 
+TEST(FileIdentity, IsTheSameUnderEveryNameOfAFileAndNoOther) {
+    const test::ScratchFolder folder;
+    const std::string file = folder.write("a", "same");
+    const std::string other = folder.write("b", "same");
+    std::filesystem::create_symlink("a", folder / "link");
+    std::filesystem::create_hard_link(file, folder / "second");
+    ASSERT_TRUE(fileIdentity(file));
+    EXPECT_EQ(fileIdentity(file), fileIdentity(folder / "link"));
+    EXPECT_EQ(fileIdentity(file), fileIdentity(folder / "second"));
+    EXPECT_NE(fileIdentity(file), fileIdentity(other));
+    EXPECT_FALSE(fileIdentity(folder / "missing"));
+}
+
 }  // namespace
 }  // namespace veloria::platform

@@ -47,6 +47,36 @@ TEST_F(Fonts, AFixedPathThatExistsComesFirst) {
     EXPECT_EQ(find({"/no/such/font.ttf", own.c_str()}, {"DejaVu Sans"}, "Arial"), own);
 }
 
+bool opens(const std::string& path) {
+    return openFont(path) != nullptr;
+}
+
+TEST_F(Fonts, AFileThatHoldsNoFontIsPassedOver) {
+    const test::ScratchFolder folder;
+    const std::string broken = folder.write("broken.ttf", "no font at all");
+    const std::string empty = folder.write("empty.ttf", "");
+    const std::string good = find({}, {"DejaVu Serif"}, nullptr);
+    ASSERT_TRUE(opens(good));
+    const char* paths[] = {"/no/such/font.ttf", broken.c_str(), empty.c_str(), good.c_str()};
+    EXPECT_EQ(findFont({paths, {}, "Arial", false, opens}), good) << "the next path";
+    const char* onlyBroken[] = {broken.c_str(), folder.path().c_str()};
+    const char* families[] = {"DejaVu Serif"};
+    EXPECT_EQ(findFont({onlyBroken, families, "Arial", false, opens}), good) << "then the families";
+    EXPECT_TRUE(opens(findFont({onlyBroken, {}, "Arial", false, opens}))) << "then the fallback";
+    const auto never = [](const std::string&) { return false; };
+    EXPECT_EQ(findFont({paths, families, "Arial", false, never}), "");
+}
+
+TEST_F(Fonts, OfAFamilyTheNextFaceThatOpensIsTaken) {
+    static std::string refused;
+    refused = find({}, {}, "sans-serif");
+    ASSERT_FALSE(refused.empty());
+    const auto another = [](const std::string& path) { return path != refused && opens(path); };
+    const std::string next = findFont({{}, {}, "sans-serif", false, another});
+    EXPECT_NE(next, refused);
+    EXPECT_TRUE(opens(next)) << next;
+}
+
 TEST_F(Fonts, AFamilyThatIsNotInstalledIsPassedOver) {
     const std::string path = find({}, {"No Such Family At All", "DejaVu Serif", "DejaVu Sans"}, "Arial");
     const Font font = openFont(path);

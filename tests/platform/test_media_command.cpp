@@ -4,11 +4,16 @@
 
 #include <gst/gst.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
 #include <chrono>
+#include <condition_variable>
 #include <cstring>
+#include <deque>
 #include <filesystem>
+#include <mutex>
 #include <thread>
 
 #include "platform/linux/media_sink.h"
@@ -214,7 +219,21 @@ void expectRefused(const std::string& path) {
 
 TEST_F(MediaCommand, AMissingFileIsRefusedWithTheReason) {
     expectRefused(m_folder / "missing.wma");
-    EXPECT_EQ(errorText(open(m_folder / "missing.wma")), "Resource not found.");
+    EXPECT_EQ(errorText(open(m_folder / "missing.wma")), "This is not a file that can be read.");
+}
+
+// Opening a pipe would wait for its writer for ever, and a device may do anything.
+TEST_F(MediaCommand, OnlyARegularFileThatCanBeReadIsOpened) {
+    const std::string pipe = m_folder / "pipe.wma";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::filesystem::create_symlink(pipe, m_folder / "link.ogg");
+    for (const std::string& path : {pipe, m_folder / "link.ogg", std::string("/dev/zero"), m_folder.path()}) {
+        expectRefused(path);
+        EXPECT_EQ(errorText(open(path)), "This is not a file that can be read.") << path;
+    }
+    const std::string tone = m_folder.write("tone.wav", waveBytes(0.5));
+    std::filesystem::permissions(tone, std::filesystem::perms::none);
+    if (access(tone.c_str(), R_OK) != 0) expectRefused(tone);
 }
 
 TEST_F(MediaCommand, AFileThatIsNoSoundIsRefused) {
@@ -339,7 +358,7 @@ TEST_F(MediaCommand, TheErrorTextIsCutToTheBuffer) {
     std::array<char, 12> text{};
     text.fill('#');
     mediaErrorText(code, text.data(), 9);
-    EXPECT_EQ(std::memcmp(text.data(), "Resource\0###", 12), 0);
+    EXPECT_EQ(std::memcmp(text.data(), "This is \0###", 12), 0);
     mediaErrorText(code, nullptr, 9);
 }
 
@@ -353,7 +372,7 @@ TEST_F(MediaCommand, TheReasonOfARefusalOutlivesTheClosing) {
     const int code = open(m_folder / "missing.wma");
     send("stop VeloMedia");
     send("close VeloMedia");
-    EXPECT_EQ(errorText(code), "Resource not found.");
+    EXPECT_EQ(errorText(code), "This is not a file that can be read.");
 }
 
 TEST_F(MediaCommand, WithoutASoundDeviceTheFileIsRefused) {
@@ -369,6 +388,154 @@ TEST_F(MediaCommand, WithoutAnyOutputThereIsNoPlayer) {
     const int code = open(m_folder.write("tone.wav", waveBytes(0.5)));
     EXPECT_NE(code, 0);
     EXPECT_EQ(errorText(code), "No media player is available for this file.");
+}
+
+// A part of the library that hangs until it is let go.
+struct Hang {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool entered = false;
+    bool letGo = false;
+    bool left = false;
+
+    void pass();
+    void leave() {
+        const std::lock_guard lock(mutex);
+        left = true;
+        changed.notify_all();
+    }
+    // Lets go, and waits until the thread that hung has ended: the test program must not end before it.
+    void end() {
+        std::unique_lock lock(mutex);
+        letGo = true;
+        changed.notify_all();
+        changed.wait(lock, [this] { return left || !entered; });
+    }
+};
+
+// Tells of the end of the thread that it belongs to.
+struct ThreadEnd {
+    Hang* hang = nullptr;
+    ~ThreadEnd() {
+        if (hang != nullptr) hang->leave();
+    }
+};
+thread_local ThreadEnd t_threadEnd;
+
+void Hang::pass() {
+    t_threadEnd.hang = this;
+    std::unique_lock lock(mutex);
+    entered = true;
+    changed.wait(lock, [this] { return letGo; });
+}
+
+// Outlives the thread that hangs in it.
+Hang& newHang() {
+    static std::deque<Hang> s_hangs;
+    return s_hangs.emplace_back();
+}
+
+Hang* g_hang = nullptr;
+
+GstElement* hangAndMakeNoSink() {
+    g_hang->pass();
+    return nullptr;
+}
+
+// A silent output of which one change of state never ends.
+struct HangingSink {
+    GstBin parent;
+    Hang* hang;
+    GstStateChange at;
+};
+struct HangingSinkClass {
+    GstBinClass parent;
+};
+
+GstStateChange g_hangingChange = GST_STATE_CHANGE_NULL_TO_READY;
+
+GstStateChangeReturn changeStateOrHang(GstElement* element, GstStateChange change) {
+    auto* sink = reinterpret_cast<HangingSink*>(element);
+    if (change == sink->at) sink->hang->pass();
+    return GST_ELEMENT_CLASS(g_type_class_peek(GST_TYPE_BIN))->change_state(element, change);
+}
+
+void initClass(gpointer itsClass, gpointer /*unused*/) {
+    GST_ELEMENT_CLASS(itsClass)->change_state = changeStateOrHang;
+}
+
+GstElement* makeHangingSink() {
+    static const GType type =
+        g_type_register_static_simple(GST_TYPE_BIN, "VeloriaHangingSink", sizeof(HangingSinkClass), initClass,
+                                      sizeof(HangingSink), nullptr, static_cast<GTypeFlags>(0));
+    auto* bin = GST_ELEMENT(g_object_new(type, nullptr));
+    reinterpret_cast<HangingSink*>(bin)->hang = g_hang;
+    reinterpret_cast<HangingSink*>(bin)->at = g_hangingChange;
+    GstElement* sink = makeSilentSink();
+    gst_bin_add(GST_BIN(bin), sink);
+    GstPad* pad = gst_element_get_static_pad(sink, "sink");
+    gst_element_add_pad(bin, gst_ghost_pad_new("sink", pad));
+    gst_object_unref(pad);
+    return bin;
+}
+
+class HungMediaCommand : public MediaCommand {
+  protected:
+    void SetUp() override { g_hang = &newHang(); }
+    void TearDown() override {
+        g_hang->end();
+        MediaCommand::TearDown();
+    }
+    void expectANewPlayer() {
+        EXPECT_EQ(send("close VeloMedia"), 0);
+        g_makeMediaSink = makeSilentSink;
+        EXPECT_EQ(open(m_folder.write("next.wav", waveBytes(0.5))), 0);
+        EXPECT_EQ(ask("mode"), "stopped");
+        EXPECT_EQ(send("play VeloMedia"), 0);
+    }
+};
+
+TEST_F(HungMediaCommand, AnOpeningThatNeverEndsIsRefusedAndTheNextFileOpens) {
+    g_makeMediaSink = hangAndMakeNoSink;
+    const int code = open(m_folder.write("tone.wav", waveBytes(0.5)));
+    EXPECT_NE(code, 0);
+    EXPECT_EQ(errorText(code), "The file did not begin to play within 4 seconds.");
+    EXPECT_EQ(errorText(send("play VeloMedia")), "No media file is open.");
+    g_makeMediaSink = makeSilentSink;
+    EXPECT_EQ(open(m_folder.write("next.wav", waveBytes(0.5))), 0);
+}
+
+TEST_F(HungMediaCommand, APlayThatNeverEndsIsRefusedAndItsFileHasStopped) {
+    g_hangingChange = GST_STATE_CHANGE_PAUSED_TO_PLAYING;
+    g_makeMediaSink = makeHangingSink;
+    ASSERT_EQ(open(m_folder.write("tone.wav", waveBytes(0.5))), 0);
+    EXPECT_EQ(ask("position"), "0");
+    const int code = send("play VeloMedia");
+    EXPECT_NE(code, 0);
+    EXPECT_EQ(errorText(code), "The media player does not answer.");
+    EXPECT_EQ(ask("mode"), "stopped");
+    EXPECT_EQ(ask("position"), "0");
+    for (const char* command : {"play VeloMedia", "stop VeloMedia", "seek VeloMedia to 5"})
+        EXPECT_EQ(errorText(send(command)), "The media player does not answer.") << command;
+    EXPECT_EQ(errorText(open(m_folder / "tone.wav")), "A media file is open already.");
+    expectANewPlayer();
+}
+
+TEST_F(HungMediaCommand, AStopThatNeverEndsKeepsNobodyWaiting) {
+    g_hangingChange = GST_STATE_CHANGE_PLAYING_TO_PAUSED;
+    g_makeMediaSink = makeHangingSink;
+    ASSERT_EQ(open(m_folder.write("tone.wav", waveBytes(20.0))), 0);
+    ASSERT_EQ(send("play VeloMedia"), 0);
+    EXPECT_EQ(send("stop VeloMedia"), 0);
+    EXPECT_EQ(ask("mode"), "stopped");
+    expectANewPlayer();
+}
+
+TEST_F(HungMediaCommand, AClosingThatNeverEndsKeepsNobodyWaiting) {
+    g_hangingChange = GST_STATE_CHANGE_READY_TO_NULL;
+    g_makeMediaSink = makeHangingSink;
+    ASSERT_EQ(open(m_folder.write("tone.wav", waveBytes(0.5))), 0);
+    expectANewPlayer();
 }
 
 }  // namespace

@@ -25,9 +25,10 @@ class ExportDialog : public test::RecorderTest {
         surroundings.midi = &midi;
         surroundings.exporting = &exporting;
         surroundings.scope = &scope;
-        surroundings.pumpEvents = [this] { ++pumps; };
+        surroundings.goesOn = [this] { return ++asked > 0; };
         surroundings.drawFrame = [this](std::uint32_t now) {
             frames.push_back({now, recorder.exportProgress, exporting});
+            fakePlatform().ticks += drawingMs;
             if (onFrame) onFrame();
         };
         surroundings.resetViews = [this] { ++resets; };
@@ -39,6 +40,18 @@ class ExportDialog : public test::RecorderTest {
         fakePlatform().dialogPaths = {path("out.wav")};
     }
 
+    // The clip lasts `seconds`, and each tenth of a second of sound but the first takes 20 ms to render.
+    void renderSlowly(double seconds) {
+        recorder.clips.at(0).at(44000).front().end = seconds;
+        fakePlatform().clock = [this, told = 0.0f]() mutable {
+            if (exporting && recorder.exportProgress != told) {
+                told = recorder.exportProgress;
+                fakePlatform().ticks += 20;
+            }
+            return fakePlatform().ticks;
+        };
+    }
+
     struct Frame {
         std::uint32_t now;
         float progress;
@@ -47,10 +60,11 @@ class ExportDialog : public test::RecorderTest {
     MidiFile midi;
     ScopeBuffer scope;
     bool exporting = false;
-    int pumps = 0;
+    int asked = 0;  // whether it goes on
     int resets = 0;
     std::vector<Frame> frames;
     std::function<void()> onFrame;
+    std::uint32_t drawingMs = 0;  // what a frame takes
     ExportSurroundings surroundings;
 };
 
@@ -60,7 +74,7 @@ TEST_F(ExportDialog, WithoutClipsNothingHappensAtAll) {
     EXPECT_TRUE(frames.empty());
 }
 
-TEST_F(ExportDialog, AskingGoesWithTheDevicePausedAndACancelChangesNothing) {
+TEST_F(ExportDialog, AskingGoesWithTheDeviceRunningAndACancelChangesNothing) {
     add(0, 440.0, 0.0, 0.1);
     playAt(0.0);
     tickRecorder(recorder, 0.01f);
@@ -68,7 +82,7 @@ TEST_F(ExportDialog, AskingGoesWithTheDevicePausedAndACancelChangesNothing) {
     engine.reflectionHeld[3] = true;
     fakePlatform().log.clear();
     run();
-    EXPECT_EQ(fakePlatform().log, (std::vector<std::string>{"pause 1", kDialogEntry, "pause 0"}));
+    EXPECT_EQ(fakePlatform().log, (std::vector<std::string>{kDialogEntry}));
     EXPECT_EQ(engine.voices.size(), 1u);
     EXPECT_EQ(engine.time, 5.0);
     EXPECT_TRUE(engine.reflectionHeld[3]);
@@ -107,13 +121,14 @@ TEST_F(ExportDialog, TheStepsComeInTheirOrder) {
     prepare();
     run();
     EXPECT_EQ(fakePlatform().log, (std::vector<std::string>{
-                                      "pause 1", kDialogEntry, "lock", "unlock", "wait 30",      // the reset
+                                      kDialogEntry, "pause 1", "lock", "unlock", "wait 30",      // the reset
                                       "pause 1", "lock", "unlock", "lock", "unlock", "pause 0",  // the render
                                       "lock", "unlock", "pause 0"}));  // the scopes, and done
 }
 
 TEST_F(ExportDialog, TheDeviceIsPausedFromTheResetToTheEndOfTheRender) {
     prepare();
+    renderSlowly(0.1);
     std::vector<bool> paused;
     onFrame = [&paused] { paused.push_back(fakePlatform().audioPaused); };
     run();
@@ -123,34 +138,78 @@ TEST_F(ExportDialog, TheDeviceIsPausedFromTheResetToTheEndOfTheRender) {
 
 TEST_F(ExportDialog, FramesAreDrawnWithTheFlagUpAndTheProgressIn) {
     prepare();
-    recorder.clips.at(0).at(44000).front().end = 1.0;
-    // The clock moves 10 ms for each call of the progress function, so that every second one is shown.
-    surroundings.pumpEvents = [this] {
-        ++pumps;
-        fakePlatform().ticks += 10;
-    };
+    renderSlowly(1.0);
     run();
-    EXPECT_EQ(pumps, 21);
-    ASSERT_EQ(frames.size(), 12u);  // 11 of the render, and the last
-    for (std::size_t i = 0; i < 11; ++i) {
+    ASSERT_EQ(frames.size(), 16u);  // 15 of the render, and the last
+    for (std::size_t i = 0; i < 15; ++i) {
         EXPECT_TRUE(frames[i].exporting);
-        EXPECT_EQ(frames[i].now, 40 + 20 * i);
-        // The first call is the one before the first frame of sound; the one at frame 0 is skipped.
-        const float expected = i == 0 ? 0.0f : static_cast<float>(4410 * (2 * i - 1)) / 88200.0f;
-        EXPECT_FLOAT_EQ(frames[i].progress, expected);
+        // The first of them 100 ms behind the start.
+        EXPECT_EQ(frames[i].now, 30 + 20 * (i + 5));
+        EXPECT_FLOAT_EQ(frames[i].progress, static_cast<float>(4410 * (i + 5)) / 88200.0f);
     }
-    EXPECT_FALSE(frames[11].exporting);
-    EXPECT_EQ(frames[11].progress, 0.0f);
+    EXPECT_FALSE(frames[15].exporting);
+    EXPECT_EQ(frames[15].progress, 0.0f);
     EXPECT_EQ(recorder.exportProgress, 0.0f);
     EXPECT_FALSE(exporting);
 }
 
-TEST_F(ExportDialog, AFrameLessThanSixteenMillisecondsAfterTheLastIsSkipped) {
+TEST_F(ExportDialog, DrawingTakesAnEighthOfTheTime) {
+    for (const std::uint32_t cost : {1u, 5u, 40u, 300u}) {
+        frames.clear();
+        drawingMs = cost;
+        prepare();
+        renderSlowly(60.0);
+        const std::uint32_t begin = fakePlatform().ticks;
+        run();
+        const std::uint32_t whole = fakePlatform().ticks - begin - drawingMs;  // without the last frame
+        const auto drawing = static_cast<std::uint32_t>(frames.size() - 1) * cost;
+        EXPECT_GT(drawing, 0u) << cost;
+        EXPECT_LE(8 * drawing, whole + 7 * cost) << cost;
+        // And no less, so that the bar is seen to move, unless that were more than a frame's time.
+        if (cost > 2) {
+            EXPECT_GE(9 * drawing, whole - (8 * cost + 20) - 130) << cost;
+        }
+        recorder.clips.clear();
+        recorder.clipCount = 0;
+    }
+}
+
+TEST_F(ExportDialog, AnExportThatIsOverAtOnceDrawsNothingOfItself) {
     prepare();
     recorder.clips.at(0).at(44000).front().end = 3.0;
-    run();  // the fake's clock stands still: one frame of the render, and the last one
-    EXPECT_EQ(pumps, 41);
+    run();  // the fake's clock stands still
+    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(frames.size(), 1u);
+}
+
+TEST_F(ExportDialog, AUserWhoEndsItFindsNoFileAndEverythingElseAsAfterAnyExport) {
+    prepare();
+    renderSlowly(5.0);
+    midi.paused = false;
+    midi.nextNote = 1;
+    engine.time = 1.5;
+    surroundings.goesOn = [this] { return ++asked < 10; };
+    run();
+    EXPECT_EQ(asked, 10) << "asked no more once it is ended";
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(path("")), {}), 0);
+    EXPECT_TRUE(engine.voices.empty());
+    EXPECT_EQ(engine.time, 0.0);
+    EXPECT_FALSE(fakePlatform().audioPaused);
+    EXPECT_FALSE(exporting);
+    EXPECT_EQ(recorder.exportProgress, 0.0f);
+    EXPECT_FALSE(midi.paused);
+    EXPECT_EQ(resets, 1);
+    EXPECT_EQ(frames.back().progress, 0.0f);
+    EXPECT_FALSE(frames.back().exporting);
+}
+
+TEST_F(ExportDialog, TheUserIsHeardAlsoWhileFramesAreRare) {
+    prepare();
+    renderSlowly(10.0);
+    drawingMs = 5000;
+    run();
     EXPECT_EQ(frames.size(), 2u);
+    EXPECT_EQ(asked, 109);
 }
 
 TEST_F(ExportDialog, TheScopesAreEmptyAndTheViewsResetBeforeTheLastFrame) {
@@ -240,11 +299,12 @@ TEST_F(ExportDialog, AFailureSaysNothingAndPutsEverythingBack) {
         EXPECT_EQ(entry.find("messageBox"), std::string::npos);
     EXPECT_FALSE(exporting);
     EXPECT_EQ(recorder.exportProgress, 0.0f);
-    EXPECT_EQ(frames.size(), 2u);
+    EXPECT_EQ(frames.size(), 1u);
 }
 
 TEST_F(ExportDialog, ADrawingThatThrowsEndsTheRenderAndNotTheProgram) {
     prepare();
+    renderSlowly(0.1);
     onFrame = [this] {
         if (exporting) throw std::runtime_error("no texture");
     };
@@ -261,6 +321,7 @@ TEST_F(ExportDialog, FramesWithoutMemoryLeaveTheEngineAndTheDeviceAsAfterAnyExpo
     midi.nextNote = 1;
     engine.time = 1.5;
     scope.samples.fill(0.5f);
+    renderSlowly(0.1);
     onFrame = [] { throw std::bad_alloc(); };
     EXPECT_NO_THROW(run());
     EXPECT_EQ(frames.size(), 2u) << "the render's first, and the last";

@@ -22,15 +22,15 @@ SDL_Color alpha(SDL_Color color, int a) {
 
 class RecorderClips : public test::RecorderPanelTest {
   protected:
-    // In the first row, so many pixels wide from x 510.
+    // In the first row, so many pixels wide from x 548, between two lines of the grid.
     RecorderClip& wide(int pixels, double hz = 440.0) {
-        RecorderClip& made = clip(0, hz, 10.0, 10.0 + (pixels + 0.5) / 38.0);
+        RecorderClip& made = clip(0, hz, 11.0, 11.0 + (pixels + 0.5) / 38.0);
         made.colour = kFull;
         return made;
     }
     const SDL_Color body = over(alpha(kThird, 160), kRow);
     const SDL_Color band = over(alpha(kFull, 160), body);
-    static constexpr int x0 = 510;
+    static constexpr int x0 = 548;
 };
 
 TEST_F(RecorderClips, NarrowestIsALine) {
@@ -232,10 +232,10 @@ TEST_F(RecorderClips, ClipsOutOfViewAreNotDrawn) {
 }
 
 TEST_F(RecorderClips, AClipThatEndsWhereTheViewBeginsLeavesNothing) {
-    clip(0, 440.0, 0.0, 10.0).colour = kFull;
-    recorder.viewStart = 10.0;
+    clip(0, 440.0, 0.0, 11.0).colour = kFull;
+    recorder.viewStart = 11.0;
     EXPECT_TRUE(isColor(drawn().at(130, kTop + 20), kRow));
-    clip(0, 441.0, 10.0, 10.0).colour = kFull;
+    clip(0, 441.0, 11.0, 11.0).colour = kFull;
     EXPECT_TRUE(isColor(drawn().at(130, kTop + 20), kFull)) << "one that begins there is a line";
 }
 

@@ -93,9 +93,13 @@ TEST_F(RecorderDrone, ADropFollowsScrollAndView) {
     EXPECT_DOUBLE_EQ(clipsOfChannel(recorder, 11)[0]->start, 102.0);
 }
 
-TEST_F(RecorderDrone, ALockedRowTakesADrop) {
+TEST_F(RecorderDrone, ALockedRowTakesNoDrop) {
     recorder.channels[0].locked = true;
-    EXPECT_TRUE(drop(at(2), rowY(0))) << "a lock is about moving and resizing";
+    EXPECT_FALSE(drop(at(2), rowY(0)));
+    EXPECT_FALSE(recorder.droneDragging) << "the drag is over all the same";
+    EXPECT_EQ(recorder.clipCount, 0);
+    EXPECT_EQ(recorder.nextClipId, 1);
+    EXPECT_TRUE(drop(at(2), rowY(1))) << "the row below it";
 }
 
 TEST_F(RecorderDrone, WithoutADragNothingIsDropped) {

@@ -125,12 +125,33 @@ TEST_F(RecorderHead, RulerHasALabelAtEachMarkAndATickOverEachRow) {
     expectText(seen, "0:10", at(10) + 2, 399, fonts.fontLabel, {110, 120, 160, 200}, kRuler);
 }
 
-TEST_F(RecorderHead, GridLinesShowBelowTheLastRow) {
+TEST_F(RecorderHead, GridLinesShowOnTheRowsAndBelowTheLast) {
     const Picture seen = drawn();  // four rows end at y 554
     EXPECT_TRUE(isColor(seen.at(at(4), 600), over({28, 28, 42, 120}, kBackground)));
     EXPECT_TRUE(isColor(seen.at(at(10), 600), over({40, 40, 60, 180}, kBackground))) << "major";
     EXPECT_TRUE(isColor(seen.at(at(5), 600), kBackground));
-    EXPECT_TRUE(isColor(seen.at(at(4), 430), {14, 14, 22, 255})) << "the rows lie over them";
+    constexpr SDL_Color kEven{14, 14, 22, 255};
+    constexpr SDL_Color kOdd{10, 10, 18, 255};
+    EXPECT_TRUE(isColor(seen.at(at(4), 430), over({28, 28, 42, 120}, kEven), 1)) << "on the first row";
+    EXPECT_TRUE(isColor(seen.at(at(10), 430), over({40, 40, 60, 180}, kEven), 1));
+    EXPECT_TRUE(isColor(seen.at(at(10), 464), over({40, 40, 60, 180}, kOdd), 1));
+    EXPECT_TRUE(isColor(seen.at(at(5), 430), kEven, 1));
+}
+
+TEST_F(RecorderHead, ClipsLieOverTheGridAndTheRange) {
+    recorder.rangeEnabled = true;
+    recorder.rangeStart = 8.0;
+    recorder.rangeEnd = 12.0;
+    RecorderClip& made = clip(0, 440.0, 9.0, 11.0);
+    made.colour = {200, 100, 50, 255};
+    made.selected = true;
+    const Picture seen = drawn();
+    const SDL_Color tinted = added({40, 80, 180, 25}, over({40, 40, 60, 180}, {14, 14, 22, 255}));
+    const SDL_Color body = over({66, 33, 16, 220}, tinted);
+    EXPECT_TRUE(isColor(seen.at(at(10), 430), body, 3)) << "the clip's ground over a major line";
+    const SDL_Color odd = added({40, 80, 180, 25}, {10, 10, 18, 255});
+    EXPECT_TRUE(isColor(seen.at(at(9), 464), odd, 1)) << "the next row, tinted by the range";
+    EXPECT_TRUE(isColor(seen.at(at(13), 464), {10, 10, 18, 255}, 1)) << "beside the range";
 }
 
 TEST_F(RecorderHead, FineStepsAreLabelledAtTheMajorMarksOnly) {

@@ -101,6 +101,8 @@ TEST_F(RecorderKeptClips, EveryChangeThatShowsIsShownAtOnce) {
         {"row zoom", [this] { recorder.rowZoom = 2.0f; }},
         {"time zoom", [this] { recorder.viewSpan = 20.0; }},
         {"view", [this] { recorder.viewStart = 4.0; }},
+        {"range", [this] { recorder.rangeEnabled = true; }},
+        {"range's start", [this] { recorder.rangeEnabled = true, recorder.rangeStart = 4.0; }},
         {"size", [this] { area.w = 1000; }},
         {"place", [this] { area.y = 340; }},
     };
@@ -119,6 +121,8 @@ TEST_F(RecorderKeptClips, EveryChangeThatShowsIsShownAtOnce) {
         recorder.rowZoom = 1.0f;
         recorder.viewSpan = 30.0;
         recorder.viewStart = 0.0;
+        recorder.rangeEnabled = false;
+        recorder.rangeStart = 0.0;
         area = {0, 350, 1280, 340};
     }
 }

@@ -71,6 +71,33 @@ TEST_F(RecorderKeys, CopyAndPasteLayClipsAtThePlayhead) {
     EXPECT_NE(pasted[0]->id, pasted[1]->id);
 }
 
+TEST_F(RecorderKeys, PasteHeldDownActsOnce) {
+    clip(0, 440.0, 5.0, 7.0);
+    key(SDLK_a, KMOD_LCTRL);
+    key(SDLK_c, KMOD_LCTRL);
+    EXPECT_TRUE(key(SDLK_v, KMOD_LCTRL));
+    EXPECT_TRUE(key(SDLK_v, KMOD_LCTRL, true)) << "still the panel's";
+    EXPECT_EQ(recorder.clipCount, 2);
+    EXPECT_TRUE(key(SDLK_v, KMOD_LCTRL)) << "pressed anew";
+    EXPECT_EQ(recorder.clipCount, 3);
+}
+
+TEST_F(RecorderKeys, CtrlWithAltOrTheSystemKeyIsAnotherCombination) {
+    const RecorderClip& one = clip(0, 440.0, 5.0, 7.0);
+    for (const Uint16 more : {KMOD_LALT, KMOD_RALT, KMOD_LGUI, KMOD_RGUI}) {
+        EXPECT_FALSE(key(SDLK_a, static_cast<Uint16>(KMOD_LCTRL | more)));
+        EXPECT_FALSE(one.selected);
+    }
+    EXPECT_TRUE(key(SDLK_a, KMOD_LCTRL | KMOD_NUM | KMOD_CAPS)) << "locks are no keys held";
+    for (const Uint16 more : {KMOD_LALT, KMOD_RALT, KMOD_LGUI, KMOD_RGUI}) {
+        EXPECT_FALSE(key(SDLK_c, static_cast<Uint16>(KMOD_RCTRL | more)));
+        EXPECT_TRUE(recorder.clipboard.empty());
+    }
+    key(SDLK_c, KMOD_LCTRL);
+    EXPECT_FALSE(key(SDLK_v, KMOD_LCTRL | KMOD_LALT));
+    EXPECT_EQ(recorder.clipCount, 1);
+}
+
 TEST_F(RecorderKeys, SelectAllTakesHiddenChannelsToo) {
     const RecorderClip& hidden = clip(20, 440.0, 5.0, 7.0);
     key(SDLK_a, KMOD_LCTRL);

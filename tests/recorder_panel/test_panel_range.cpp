@@ -121,7 +121,17 @@ TEST_F(RecorderRange, APressElsewhereInThePanelLeavesTheFieldUnchanged) {
     click(600, 385);
     EXPECT_TRUE(isEditingRange(recorder)) << "in the band it stays open";
     click(600, 300);
-    EXPECT_TRUE(isEditingRange(recorder)) << "a press outside is another's";
+    EXPECT_FALSE(isEditingRange(recorder)) << "outside the panel";
+}
+
+TEST_F(RecorderRange, APressOnTheClipEditorLeavesTheField) {
+    clip(0, 440.0, 0.0, 10.0);
+    doubleClick(at(5), rowY(0));
+    ASSERT_TRUE(recorder.editOpen);
+    recorder.editingRangeEnd = true;  // as if the field had been opened first
+    down(recorder.editX + 5, recorder.editY + 5);
+    EXPECT_TRUE(recorder.editOpen);
+    EXPECT_FALSE(isEditingRange(recorder));
 }
 
 TEST_F(RecorderRange, OpeningOneFieldClosesTheOther) {

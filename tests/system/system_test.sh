@@ -58,6 +58,16 @@ with open(sys.argv[1], "wb") as file:
     file.write(b"MThd" + struct.pack(">IHHH", 6, 1, 3, 480) + tracks)
 PY
 
+# A quarter of a second each, one note behind the other: what is not fed in time is missing.
+python3 - "$work/music/steps.mid" <<'PY'
+import struct, sys
+track = b"".join(bytes([0, 0x90, 60 + i % 12, 100, 0x81, 0x70, 0x80, 60 + i % 12, 64]) for i in range(120))
+track += bytes([0, 0xFF, 0x2F, 0])
+with open(sys.argv[1], "wb") as file:
+    file.write(b"MThd" + struct.pack(">IHHH", 6, 0, 1, 480) + b"MTrk" + struct.pack(">I", len(track)) + track)
+PY
+mkfifo "$work/music/pipe.ogg"
+
 (cd "$work/music" && exec "$program") >"$work/out" 2>"$work/err" &
 pid=$!
 await find_window "Veloria V3.6 - 342 Frequency System" || fail "no window"
@@ -90,6 +100,55 @@ await same "$status" "$loaded" || fail "the voices go on after STOP"
 click_at 764 16 # RESET
 await same "$status" "$quiet" || fail "RESET does not forget the file"
 await same "$name" "$unnamed" || fail "RESET does not forget the name"
+
+# choose PATH: by the button and the chooser.
+choose() {
+  click_at 580 16
+  await find_window "Select Music File" || fail "no file chooser"
+  find_window "Select Music File"
+  xdotool windowfocus "$found"
+  xdotool type --delay 8 "$1"
+  xdotool key Return
+  await no_window "Select Music File" || fail "the chooser stayed open"
+}
+
+# Nobody writes to the pipe: whoever opened it would wait for ever.
+choose "$work/music/pipe.ogg"
+await find_window "File Open Error" || fail "a pipe was not refused"
+find_window "File Open Error"
+xdotool windowfocus "$found"
+xdotool key Return
+await no_window "File Open Error" || fail "the message stayed open"
+
+choose "$work/music/steps.mid"
+loaded="$(settled "$status")"
+click_at 724 16 # PLAY
+await changed "$status" "$loaded" || fail "no voices are counted"
+sleep 1
+began="$(stat -c %s "$work/sound.raw")"
+click_at 580 16
+await find_window "Select Music File" || fail "no file chooser"
+find_window "Select Music File"
+sleep 3
+xdotool windowfocus "$found"
+xdotool key Escape
+await no_window "Select Music File" || fail "the chooser stayed open"
+sleep 0.5
+python3 - "$work/sound.raw" "$began" <<'PY' || fail "the music stopped while the chooser stood"
+import array, sys
+with open(sys.argv[1], "rb") as file:
+    file.seek(int(sys.argv[2]) // 8 * 8)
+    data = file.read()
+samples = array.array("f", data[: len(data) // 8 * 8])
+longest = silent = 0
+for i in range(0, len(samples), 2):
+    silent = silent + 1 if max(abs(samples[i]), abs(samples[i + 1])) < 0.001 else 0
+    longest = max(longest, silent)
+print(f"chooser: {len(samples) / 88200:.1f} s, longest silence {longest / 44.1:.0f} ms")
+sys.exit(0 if len(samples) > 2 * 44100 and longest < 6615 else 1)
+PY
+click_at 764 16 # RESET
+await same "$status" "$quiet" || fail "RESET does not forget the file"
 
 click_at 950 105 # a Reflection row
 await changed "$status" "$quiet" || fail "a row does not sound"

@@ -165,19 +165,19 @@ TEST_F(PanelInputTest, APressOnTheInertBodyIsConsumedOverTheCentre) {
 }
 
 TEST_F(PanelInputTest, APressOnTheInertBodyFallsThroughOverASidePanel) {
-    input.outsideCentre = true;
+    input.overSidePanel = true;
     expectAction(press(300, 300), PanelAction::InertBody, false);
 }
 
 TEST_F(PanelInputTest, NothingFallsThroughAMaximisedPanel) {
-    input.outsideCentre = true;
+    input.overSidePanel = true;
     panel.maximised = true;
     expectAction(press(300, 300), PanelAction::InertBody, true);
 }
 
 TEST_F(PanelInputTest, WhatAControlUsesIsConsumedOverASidePanelToo) {
     addExtras();
-    input.outsideCentre = true;
+    input.overSidePanel = true;
     expectAction(press(310, 130), PanelAction::TitleExtra, true);
     expectAction(press(130, 205), PanelAction::BodyExtra, true);
     expectAction(press(450, 455), PanelAction::ResizeBegun, true);

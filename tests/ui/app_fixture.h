@@ -11,6 +11,7 @@
 #include "tests/ui/offscreen.h"
 #include "ui/app_state.h"
 #include "ui/layout.h"
+#include "ui/scrolling.h"
 #include "ui/widgets.h"
 
 namespace veloria::test {
@@ -50,7 +51,7 @@ class AppTest : public testing::Test {
 
     // Takes over app.sizes and forgets what was drawn, as each frame does before it draws.
     void layOut() {
-        app.layout = windowLayout(app.sizes, screen->surface->w, screen->surface->h);
+        layOutWindow(app, screen->surface->w, screen->surface->h);
         app.hits = {};
         app.draw.renderer = app.renderer;
         app.draw.fonts = &app.fonts;

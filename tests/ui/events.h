@@ -52,11 +52,12 @@ class InputTest : public AppTest {
         event.wheel.mouseY = y;
         handleEvent(app, event);
     }
-    void key(SDL_Keycode code, bool repeat = false) {
+    void key(SDL_Keycode code, bool repeat = false, Uint16 modifiers = KMOD_NONE) {
         SDL_Event event;
         SDL_zero(event);
         event.type = SDL_KEYDOWN;
         event.key.keysym.sym = code;
+        event.key.keysym.mod = modifiers;
         event.key.repeat = repeat ? 1 : 0;
         handleEvent(app, event);
     }

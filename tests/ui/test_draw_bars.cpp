@@ -6,6 +6,7 @@
 #include "tests/ui/app_fixture.h"
 #include "tests/ui/text_probe.h"
 #include "ui/draw.h"
+#include "ui/export_overlay.h"
 
 namespace veloria {
 namespace {
@@ -116,6 +117,20 @@ TEST_F(ExportOverlay, ABarGrowsBelow) {
     EXPECT_EQ(done(draw(0.0f)), 0);
     EXPECT_EQ(done(draw(0.5f)), 148);
     EXPECT_EQ(done(draw(1.0f)), 296);
+}
+
+TEST_F(ExportOverlay, ACancelButtonStandsBesideIt) {
+    const SDL_Rect at = exportOverlayLayout(app.layout).cancel;
+    const SDL_Rect expected{806, 336, 70, 48};
+    EXPECT_TRUE(SDL_RectEquals(&at, &expected));
+    const Picture seen = draw(0.5f);
+    EXPECT_NE(seen.at(812, 360), kBackdrop);
+    EXPECT_EQ(seen.at(803, 360), kBackdrop);
+    EXPECT_EQ(seen.at(876, 360), kBackdrop);
+    const SDL_Color idle = seen.at(812, 360);
+    app.draw.mouseX = 830;
+    app.draw.mouseY = 350;
+    EXPECT_GT(draw(0.5f).at(812, 360).r, idle.r) << "lights up under the pointer";
 }
 
 TEST_F(ExportOverlay, ValuesOutsideAreCut) {

@@ -186,10 +186,11 @@ TEST_F(FxTab, TooNarrowOrTooLowShowsNothing) {
     setLeftWidth(10);
     EXPECT_TRUE(isFilled(draw(), {0, 0, 400, 700}, kBackdrop));
     setLeftWidth(400);
-    setContentBottom(60);
-    EXPECT_TRUE(isFilled(draw(), {0, 0, 400, 700}, kBackdrop));
-    setContentBottom(-40);
-    EXPECT_TRUE(isFilled(draw(), {0, 0, 400, 700}, kBackdrop));
+    app.sizes.recorderHeight = 150;
+    resize(1280, 240);  // the recorder begins at 60
+    EXPECT_TRUE(isFilled(draw(), {0, 0, 400, 240}, kBackdrop));
+    resize(1280, 140);
+    EXPECT_TRUE(isFilled(draw(), {0, 0, 400, 140}, kBackdrop));
 }
 
 }  // namespace

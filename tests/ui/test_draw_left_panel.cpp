@@ -107,9 +107,11 @@ TEST_F(LeftPanel, NothingIsDrawnAtTenPixels) {
 
 TEST_F(LeftPanel, ARecorderOverAllLeavesNothingOfIt) {
     for (const int bottom : {32, 20, -60}) {
-        setContentBottom(bottom);
-        EXPECT_TRUE(isFilled(frame(), {0, 0, 500, 400}, kBackdrop)) << bottom;
-        EXPECT_TRUE(isFilled(about(), {0, 0, 500, 400}, kBackdrop)) << bottom;
+        const int height = bottom + kMinimumRecorder + kStatusBarHeight;
+        resize(1280, height);
+        ASSERT_EQ(app.layout.contentBottom, bottom);
+        EXPECT_TRUE(isFilled(frame(), {0, 0, 500, height}, kBackdrop)) << bottom;
+        EXPECT_TRUE(isFilled(about(), {0, 0, 500, height}, kBackdrop)) << bottom;
     }
 }
 

@@ -123,31 +123,28 @@ TEST_F(RetunerStatus, NoPeaksMeansNoTable) {
     EXPECT_TRUE(isFilled(seen, {0, 533, 400, 150}, kBackdrop));
 }
 
-TEST_F(RetunerStatus, TheTableTakesTheRowsThatFit) {
+// The panel scrolls to what the recorder covers, so that nothing is left out for want of room.
+TEST_F(RetunerStatus, ALowPanelLeavesNothingOut) {
     fillPeaks(8);
-    setContentBottom(656);  // 656 - 5 = 651, the foot of the eighth row
-    EXPECT_EQ(rowsOf(draw()), 8);
-    setContentBottom(655);
-    EXPECT_EQ(rowsOf(draw()), 7);
-    setContentBottom(578);  // (578 - 552) / 13
-    EXPECT_EQ(rowsOf(draw()), 2);
-    setContentBottom(577);
-    EXPECT_EQ(rowsOf(draw()), 1);
+    const Picture whole = draw();
+    EXPECT_EQ(rowsOf(whole), 8);
+    for (const int bottom : {655, 563, 496, 250}) {
+        setContentBottom(bottom);
+        EXPECT_TRUE(draw() == whole) << bottom;
+    }
 }
 
-TEST_F(RetunerStatus, WithoutRoomTheHeadingOfThePeaksGoes) {
+TEST_F(RetunerStatus, ScrollsWithItsTab) {
     fillPeaks(8);
-    setContentBottom(564);
-    EXPECT_TRUE(says(draw(), "Top Peaks:", 8, 533, {140, 160, 180, 160}));
-    setContentBottom(563);
-    EXPECT_TRUE(isFilled(draw(), {0, 533, 400, 150}, kBackdrop));
-}
-
-TEST_F(RetunerStatus, NeedsTwentyRowsBelowItsLine) {
-    setContentBottom(497);
-    EXPECT_TRUE(isColor(draw().at(200, 476), over({60, 160, 200, 100}, kBackdrop)));
-    setContentBottom(496);
-    EXPECT_TRUE(isFilled(draw(), {0, 470, 400, 200}, kBackdrop));
+    setContentBottom(400);
+    app.leftScroll[kTuningTab] = 120;
+    takeSnapshot();
+    layOut();
+    const Picture seen = draw();
+    EXPECT_TRUE(isFilled(seen, {5, 356, 391, 1}, over({60, 160, 200, 100}, kBackdrop)));
+    EXPECT_TRUE(says(seen, "SACRED FFT: FULL", 8, 361, {80, 200, 255, 230}));
+    EXPECT_TRUE(says(seen, "Top Peaks:", 8, 413, {140, 160, 180, 160}));
+    EXPECT_TRUE(says(seen, "107 -> 300 Hz  (50%)", 12, 427 + 7 * 13, {100, 220, 180, 200}));
 }
 
 }  // namespace

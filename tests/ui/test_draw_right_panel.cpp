@@ -120,25 +120,27 @@ TEST_F(RightPanel, AnOddWidthGivesTheRestToTheSecondTab) {
 }
 
 TEST_F(RightPanel, IsGoneWhereItIsTooNarrow) {
-    setRightX(1270);
-    EXPECT_TRUE(isFilled(draw(), {800, 0, 480, 720}, kBackdrop));
-    EXPECT_TRUE(isFilled(bar(), {800, 0, 480, 720}, kBackdrop));
-    setRightX(1269);
-    EXPECT_TRUE(isColor(draw().at(1275, 200), kPanel));
-    setRightX(1500);
-    EXPECT_TRUE(isFilled(draw(), {800, 0, 480, 720}, kBackdrop));
+    resize(130, 720);  // 120 for the centre, and 10
+    EXPECT_TRUE(isFilled(draw(), {0, 0, 130, 720}, kBackdrop));
+    EXPECT_TRUE(isFilled(bar(), {0, 0, 130, 720}, kBackdrop));
+    resize(131, 720);
+    EXPECT_TRUE(isColor(draw().at(125, 200), kPanel));
 }
 
-TEST_F(RightPanel, IsGoneInAWindowNarrowerThanItsPlace) {
-    resize(800, 600);  // rightX stays 880
-    EXPECT_TRUE(isFilled(draw(), {0, 0, 800, 600}, kBackdrop));
-    EXPECT_TRUE(isFilled(bar(), {0, 0, 800, 600}, kBackdrop));
+TEST_F(RightPanel, KeepsTwoHundredPixelsInAWindowNarrowerThanItsPlace) {
+    resize(800, 600);  // 880 is stored; the left panel's 400 leave it where it is asked to be
+    Picture seen = draw();
+    EXPECT_TRUE(isFilled(seen, {0, 0, 600, 600}, kBackdrop));
+    EXPECT_TRUE(isFilled(seen, {601, 90, 198, 100}, kPanel));
+    EXPECT_FALSE(bar().at(798, 100) == kBackdrop);
+    setRightX(1500);
+    EXPECT_TRUE(isFilled(draw(), {601, 90, 198, 100}, kPanel));
 }
 
 TEST_F(RightPanel, ARecorderOverAllLeavesNothingOfIt) {
-    setContentBottom(20);
-    EXPECT_TRUE(isFilled(draw(), {800, 0, 480, 720}, kBackdrop));
-    EXPECT_TRUE(isFilled(bar(), {800, 0, 480, 720}, kBackdrop));
+    resize(1280, 20 + kMinimumRecorder + kStatusBarHeight);
+    EXPECT_TRUE(isFilled(draw(), {800, 0, 480, 200}, kBackdrop));
+    EXPECT_TRUE(isFilled(bar(), {800, 0, 480, 200}, kBackdrop));
 }
 
 // 388 / 160 = 2 columns: 81 rows are 41 lines of 43 pixels, 1763. The view is 350 - 69 = 281 high, so the
@@ -187,7 +189,8 @@ TEST_F(RightPanel, AStaleScrollKeepsTheThumbInItsTrack) {
 }
 
 TEST_F(RightPanel, AListThatFitsHasNoScrollBar) {
-    setRightX(20);  // 1248 / 160 = 7 columns: 12 lines, 516
+    setLeftWidth(0);
+    setRightX(120);  // 1148 / 160 = 7 columns: 12 lines, 516
     setContentBottom(585);
     EXPECT_TRUE(isFilled(bar(), {1270, 0, 10, 720}, kBackdrop));
     setContentBottom(584);

@@ -170,10 +170,34 @@ TEST_F(Tuning, TheWalkersLinesStandBehindTheGainsWhereThereIsRoom) {
     const Picture seen = draw();
     EXPECT_TRUE(says(seen, "T20/114  862+863+864  Y=1.50  [DISTILL] \u2665", 8, 404, {180, 140, 255, 220}));
     EXPECT_TRUE(says(seen, "DR: L=2 C=2 R=2  Unity", 8, 418, {255, 255, 80, 255}));
-    setLeftWidth(440);  // wide enough for the whole of the mode's line
+    setLeftWidth(440);  // wide enough for the whole of the mode's line in its own place
     const Picture wide = draw();
     EXPECT_TRUE(says(wide, "Binaural: 6.5 Hz  Theta", 266, 432, {160, 100, 255, 230}));
     EXPECT_TRUE(says(wide, "Heart: Triple (T4+T20+T109)", 266, 444, {255, 100, 140, 220}));
+}
+
+TEST_F(Tuning, TheWalkersLastLinesEndInsideThePanel) {
+    walk(3);
+    app.walker.beatHz = 6.5f;
+    const struct {
+        std::int32_t mode;
+        const char* text;
+        SDL_Color color;
+    } lines[] = {{1, "Heart: Single (T4)", {255, 100, 140, 220}},
+                 {2, "Heart: Triple (T4+T20+T109)", {255, 100, 140, 220}},
+                 {3, "Trinity: H=3 M=3 B=3 U=4", {255, 200, 80, 230}},
+                 {4, "Fibonacci: H=6 M=3 B=3 U=5", {100, 220, 255, 230}}};
+    for (const int panel : {395, 400, 420}) {
+        setLeftWidth(panel);
+        for (const auto& line : lines) {
+            engine.activationMode = line.mode;
+            const Picture seen = draw();
+            const int width = test::centredPlace(line.text, {0, 0, 0, 0}, app.fonts.fontLabel).x * -2;
+            const int x = std::min(266, panel - 4 - width);
+            EXPECT_TRUE(says(seen, line.text, x, 444, line.color)) << panel;
+            EXPECT_TRUE(isFilled(seen, {panel - 4, 404, 40, 60}, kBackdrop)) << panel;
+        }
+    }
 }
 
 TEST_F(Tuning, TheWalkersLastLinesLieUnderTheGainsOfANarrowPanel) {

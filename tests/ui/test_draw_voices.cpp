@@ -148,17 +148,24 @@ TEST_F(VoicesTab, ShadowVoicesShowTheirSymbolAndDistance) {
     EXPECT_TRUE(empty(seen, {6, 119, 120, 60}));
 }
 
-TEST_F(VoicesTab, AColumnEndsAtItsLimit) {
-    for (int i = 0; i < 6; ++i)
+// The tab scrolls, so that a column holds all its voices however low the panel is.
+TEST_F(VoicesTab, AColumnIsCutAtTheRecorderAndScrolledToItsEnd) {
+    for (int i = 0; i < 12; ++i)
         addVoice(200.0 + 50 * i, 0.0f);
-    setContentBottom(180);  // (180 - 129) / 15 = 3
+    setContentBottom(180);
     Picture seen = draw();
-    EXPECT_TRUE(says(seen, "300", 6, 149, {255, 190, 120, 220}));
-    EXPECT_TRUE(empty(seen, {0, 166, 130, 30}));
-    setContentBottom(160);  // never under two
+    EXPECT_TRUE(says(seen, "350", 6, 164, {255, 190, 120, 220}));
+    EXPECT_TRUE(empty(seen, {0, 180, 402, 300}));
+    app.leftScroll[kVoicesTab] = 1000;
+    layOut();
+    // Twelve rows from 119, 6 below them and the foot of 10: 315, of which 180 are seen.
+    ASSERT_EQ(app.layout.leftScroll, 135);
     seen = draw();
-    EXPECT_TRUE(says(seen, "250", 6, 134, {255, 190, 120, 220}));
-    EXPECT_TRUE(empty(seen, {0, 151, 130, 30}));
+    EXPECT_TRUE(says(seen, "750", 6, 119 + 11 * 15 - 135, {255, 190, 120, 220}));
+    EXPECT_TRUE(isColor(seen.at(134, 169), over({30, 30, 30, 160}, kBackdrop)));  // the columns' lines
+    EXPECT_TRUE(isColor(seen.at(134, 170), over({30, 30, 30, 160}, kBackdrop)));
+    EXPECT_TRUE(empty(seen, {0, 171, 402, 20}));
+    EXPECT_TRUE(empty(seen, {0, 0, 402, 61}));
 }
 
 TEST_F(VoicesTab, PairsStandUnderTheLongestColumn) {
@@ -190,25 +197,20 @@ TEST_F(VoicesTab, PairsTakeTheColourOfTheirBand) {
     EXPECT_TRUE(says(seen, "L:500 R:535 = 35.0Hz Gamma", 10, 216, {255, 100, 100, 230}));
 }
 
-TEST_F(VoicesTab, PairsNeedRoom) {
-    addVoice(528, 0.0f);
-    addVoice(530, 1.0f);
-    // One row: 119 + 15 + 6 = 140.
-    setContentBottom(181);
-    EXPECT_TRUE(isColor(draw().at(50, 140), over({180, 130, 255, 80}, kBackdrop)));
-    setContentBottom(180);
-    EXPECT_TRUE(empty(draw(), {0, 136, 130, 40}));
-}
-
-TEST_F(VoicesTab, PairsStopAboveThePanelsFoot) {
+TEST_F(VoicesTab, AllPairsAreReachedByScrolling) {
+    setLeftWidth(600);
     for (int i = 0; i < 4; ++i) {
         addVoice(200 + 100 * i, 0.0f);
         addVoice(205 + 100 * i, 1.0f);
     }
-    setContentBottom(231);  // four rows: 185; pairs from 203, and none from 217 on
+    setContentBottom(180);  // the block begins at 185
+    EXPECT_TRUE(empty(draw(), {0, 180, 600, 200}));
+    app.leftScroll[kVoicesTab] = 90;
+    layOut();
     const Picture seen = draw();
-    EXPECT_FALSE(empty(seen, {10, 203, 100, 13}));
-    EXPECT_TRUE(empty(seen, {0, 218, 130, 13}));
+    EXPECT_TRUE(isFilled(seen, {5, 95, 195, 1}, over({180, 130, 255, 80}, kBackdrop)));
+    EXPECT_TRUE(says(seen, "BINAURAL BEATS (4 pairs)", 5, 99, {180, 130, 255, 220}));
+    EXPECT_TRUE(says(seen, "L:500 R:505 = 5.0Hz Theta", 10, 113 + 3 * 14, {160, 100, 255, 230}));
 }
 
 TEST_F(VoicesTab, TheActivationStandsBelow) {
@@ -250,14 +252,18 @@ TEST_F(VoicesTab, TheActivationFollowsThePairs) {
     EXPECT_TRUE(says(seen, "ACTIVATION: TRIPLE [H]", 5, 181, {255, 130, 180, 230}));
 }
 
-TEST_F(VoicesTab, TheActivationNeedsSixtyPixels) {
-    engine.activationMode = 2;
-    setContentBottom(186);
-    EXPECT_TRUE(isColor(draw().at(50, 125), over({255, 130, 180, 120}, kBackdrop)));
-    setContentBottom(185);
-    EXPECT_TRUE(empty(draw(), {0, 120, 130, 60}));
-    setContentBottom(690);
+TEST_F(VoicesTab, TheActivationStandsInAPanelTooLowForIt) {
+    setLeftWidth(600);
+    engine.activationMode = 3;
+    setContentBottom(175);
+    EXPECT_TRUE(says(draw(), "Heart Key: 322+325+358 Hz", 10, 143, {255, 120, 160, 200}));
+    app.leftScroll[kVoicesTab] = 1000;
+    layOut();
+    ASSERT_EQ(app.layout.leftScroll, 125 + 18 + 4 * 13 + 10 - 175);
+    EXPECT_TRUE(says(draw(), "  3Hz Theta + 13Hz Alpha", 10, 182 - 30, {200, 130, 60, 180}));
     engine.activationMode = 0;
+    layOut();
+    EXPECT_EQ(app.layout.leftScroll, 0);
     EXPECT_TRUE(empty(draw(), {0, 120, 130, 60}));
 }
 
@@ -268,8 +274,10 @@ TEST_F(VoicesTab, ANarrowPanelIsCutOrEmpty) {
     EXPECT_TRUE(empty(draw(), {0, 0, 400, 700}));
     setLeftWidth(11);
     EXPECT_TRUE(empty(draw(), {11, 0, 400, 700}));
-    setContentBottom(40);
-    EXPECT_TRUE(empty(draw(), {0, 0, 400, 700}));
+    resize(1280, 40 + kMinimumRecorder + kStatusBarHeight);
+    app.sizes.recorderHeight = kMinimumRecorder;
+    layOut();
+    EXPECT_TRUE(empty(draw(), {0, 0, 400, 200}));
 }
 
 }  // namespace

@@ -39,10 +39,10 @@ class DrawWidgets : public test::AppTest {
         return picture();
     }
     // A round button as it should look without its text, on the backdrop.
-    Picture roundButton(const SDL_Rect& rect, SDL_Color color, bool lit) {
+    Picture roundButton(const SDL_Rect& rect, SDL_Color color, bool lit, int lampShift = 0) {
         clear();
         DrawGradientButton(app.draw, rect, 6, color, lit);
-        drawLamp(app.draw, rect.x + rect.w - 9, rect.y + 8, color, lit);
+        drawLamp(app.draw, rect.x + rect.w - 9 + lampShift, rect.y + 8 - lampShift, color, lit);
         return picture();
     }
     // Label and lamp of a round button without a detail.
@@ -96,7 +96,6 @@ TEST_F(DrawWidgets, TuningShowsItsButtons) {
         {"MIDI Normalize", {5, 274, 230, 28}, {100, 140, 200, 255}, false},
         {"Heart", {5, 312, 74, 28}, {255, 100, 140, 255}, false},
         {"Trinity", {83, 312, 74, 28}, {255, 200, 80, 255}, false},
-        {"Fibonacci", {161, 312, 74, 28}, {100, 220, 255, 255}, false},
         {"DNA Spiral", {5, 346, 230, 28}, {120, 60, 200, 255}, false},
         {"Import MIDI", {240, 274, 140, 28}, {100, 140, 200, 255}, false},
     };
@@ -105,6 +104,32 @@ TEST_F(DrawWidgets, TuningShowsItsButtons) {
         expectRound(seen, button.label, button.rect, button.color, button.lit);
     expectFlat(seen, "Original Midi", {5, 68, 230, 28}, {80, 200, 80, 255}, false);
     expectFlat(seen, "Sacred Optimizer", {5, 102, 230, 28}, {200, 180, 60, 255}, true);
+}
+
+TEST_F(DrawWidgets, TheLampOfANarrowButtonMakesWayForItsLabel) {
+    app.viewMode = kTuningTab;
+    const SDL_Rect rect{161, 312, 74, 28};
+    const SDL_Point place = test::centredPlace("Fibonacci", rect, app.fonts.fontRow);
+    for (const bool lit : {false, true}) {
+        engine.activationMode = lit ? 4 : 0;
+        const Picture seen = draw();
+        const Picture below = roundButton(rect, {100, 220, 255, 255}, lit, 3);
+        EXPECT_TRUE(isText(seen, below, "Fibonacci", place.x, place.y, app.fonts.fontRow, kWhite,
+                           rect.x + rect.w - 6 - (lit ? 6 : 4)))
+            << lit;
+        EXPECT_EQ(seen.at(rect.x + rect.w - 6, rect.y + 5), below.at(rect.x + rect.w - 6, rect.y + 5)) << lit;
+        // The last letter ends left of the lamp's body.
+        SDL_Point size{0, 0};
+        TTF_SizeUTF8(app.fonts.fontRow, "Fibonacci", &size.x, &size.y);
+        EXPECT_LE(place.x + size.x, rect.x + rect.w - 6 - 4) << lit;
+    }
+    // A label that stays clear has its lamp in the usual place, however narrow the button.
+    const Picture seen = draw();
+    expectRound(seen, "Trinity", {83, 312, 74, 28}, {255, 200, 80, 255}, false);
+    setLeftWidth(200);  // thirds of 60
+    const SDL_Rect narrow{69, 312, 60, 28};
+    const Picture below = roundButton(narrow, {255, 200, 80, 255}, false, 3);
+    EXPECT_EQ(draw().at(narrow.x + 54, 317), below.at(narrow.x + 54, 317));
 }
 
 TEST_F(DrawWidgets, RoundButtonsLightUp) {
@@ -329,12 +354,14 @@ TEST_F(DrawWidgets, RowsScrollUnderTheTabs) {
 }
 
 TEST_F(DrawWidgets, RowsEndAtTheRecorder) {
-    setContentBottom(100);
+    setContentBottom(230);
     const Picture seen = draw();
-    EXPECT_FALSE(seen.at(900, 99) == kBackdrop);
-    EXPECT_TRUE(isFilled(seen, {880, 100, 400, 300}, kBackdrop));
-    setContentBottom(80);
-    EXPECT_TRUE(isFilled(draw(), {880, 0, 400, 700}, kBackdrop));
+    EXPECT_FALSE(seen.at(900, 229) == kBackdrop);
+    EXPECT_TRUE(isFilled(seen, {880, 230, 400, 300}, kBackdrop));
+    resize(1280, 80 + kMinimumRecorder + kStatusBarHeight);
+    app.sizes.recorderHeight = kMinimumRecorder;
+    layOut();
+    EXPECT_TRUE(isFilled(draw(), {880, 0, 400, 200}, kBackdrop));
 }
 
 TEST_F(DrawWidgets, ARowUnderTheMouseIsBrighterWhereItIsSeen) {
@@ -365,10 +392,11 @@ TEST_F(DrawWidgets, InertRowsAreDim) {
 }
 
 TEST_F(DrawWidgets, APanelTooNarrowForACellHasNoRows) {
-    setRightX(1268);  // 12 wide: a cell of 0
-    EXPECT_TRUE(isFilled(draw(), {1200, 0, 80, 700}, kBackdrop));
-    setRightX(1290);
-    EXPECT_TRUE(isFilled(draw(), {1200, 0, 80, 700}, kBackdrop));
+    resize(132, 720);  // 12 wide: a cell of 0
+    ASSERT_EQ(app.layout.rightPanel.w, 12);
+    EXPECT_TRUE(isFilled(draw(), {100, 0, 32, 700}, kBackdrop));
+    resize(110, 720);
+    EXPECT_TRUE(isFilled(draw(), {100, 0, 10, 700}, kBackdrop));
 }
 
 TEST_F(DrawWidgets, TheTopBarsButtonsAreNotDrawnAgain) {

@@ -80,19 +80,19 @@ TEST_F(Frame, WhatAFloatingWindowCoversIsNotUnderThePointer) {
     EXPECT_TRUE(isUnderFloatingWindow(app, 580, 16));
 }
 
-TEST_F(Frame, TheMainViewIsDrawnFrom61PixelsEachWay) {
+TEST_F(Frame, TheMainViewIsDrawnFrom61RowsAndIsNeverTooNarrow) {
     const auto isDrawn = [this] {
         dropSceneTexture(app.kathara);
         frame();
         return app.kathara.sceneTexture != nullptr;
     };
-    setRightX(400 + 2 + 60);
-    EXPECT_FALSE(isDrawn());
-    setRightX(400 + 2 + 61);
+    setRightX(0);
+    EXPECT_EQ(app.layout.centre.w, 118);
     EXPECT_TRUE(isDrawn());
-    setContentBottom(32 + 60);
+    app.sizes.recorderHeight = kMinimumRecorder;
+    resize(1280, 32 + 60 + kMinimumRecorder + kStatusBarHeight);
     EXPECT_FALSE(isDrawn());
-    setContentBottom(32 + 61);
+    resize(1280, 32 + 61 + kMinimumRecorder + kStatusBarHeight);
     EXPECT_TRUE(isDrawn());
 }
 

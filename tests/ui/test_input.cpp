@@ -170,6 +170,20 @@ TEST_F(Input, KeysFAnd1ActAndTheOthersDoNot) {
     EXPECT_FALSE(engine.bassFilter);
 }
 
+TEST_F(Input, AKeyWithCtrlAltOrTheSystemKeyIsAnotherKey) {
+    engine.midiTuningMode = 1;
+    engine.waveform = 1;
+    for (const Uint16 held : {KMOD_LCTRL, KMOD_RCTRL, KMOD_LALT, KMOD_RALT, KMOD_LGUI, KMOD_RGUI}) {
+        for (const SDL_Keycode code : {SDLK_1, SDLK_q, SDLK_w, SDLK_e, SDLK_r, SDLK_f})
+            key(code, false, held);
+        EXPECT_EQ(engine.midiTuningMode, 1) << held;
+        EXPECT_EQ(engine.waveform, 1) << held;
+        EXPECT_FALSE(engine.bassFilter) << held;
+    }
+    key(SDLK_e, false, KMOD_LSHIFT | KMOD_CAPS | KMOD_NUM);
+    EXPECT_EQ(engine.waveform, 2) << "the others change no letter's meaning";
+}
+
 TEST_F(Input, ActivationButtonsAreARadioGroupThatCanBeAllOff) {
     press("Trinity");
     EXPECT_EQ(engine.activationMode, 3);

@@ -226,17 +226,18 @@ TEST_F(KatharaInput, AButtonThatSticksOutOfANarrowPanelIsNotHitInItsBorder) {
 
 TEST_F(KatharaInput, ThePanelAloneTurnsTheCameraWhileThereIsNoMainView) {
     openPanel();
-    setRightX(app.layout.leftWidth + 62);
+    const int lowest = 32 + 60 + kMinimumRecorder + kStatusBarHeight;  // 60 rows remain: not enough
+    resize(1280, lowest);
     view().azimuth = 10.0f;
     view().autoRotate = true;
     frame();
     frame();
     EXPECT_FLOAT_EQ(view().azimuth, 10.5f);
-    setRightX(880);  // both turn it no faster than one
+    resize(1280, 1080);  // both turn it no faster than one
     frame();
     frame();
     EXPECT_FLOAT_EQ(view().azimuth, 11.0f);
-    setRightX(app.layout.leftWidth + 62);
+    resize(1280, lowest);
     frame();
     EXPECT_FLOAT_EQ(view().azimuth, 11.25f);
 }
@@ -441,10 +442,14 @@ TEST_F(KatharaInput, AFloatingPanelOverTheMainViewTakesThePress) {
 }
 
 TEST_F(KatharaInput, AHiddenMainViewTakesNothing) {
-    setRightX(app.layout.leftWidth + 62);  // 60 pixels remain: not enough
-    frame();
-    down(app.layout.leftWidth + 30, 100);
-    EXPECT_FALSE(app.kathara.draggingScene);
+    const SDL_Point place{app.layout.leftWidth + 30, 70};
+    for (const int rows : {61, 60}) {
+        resize(1280, 32 + rows + kMinimumRecorder + kStatusBarHeight);
+        frame();
+        down(place.x, place.y);
+        EXPECT_EQ(isKatharaHeld(app.kathara), rows > kMinimumCentre);
+        up(place.x, place.y);
+    }
 }
 
 TEST_F(KatharaInput, APressInTheSceneDiscardsARangeThatIsBeingTyped) {

@@ -44,8 +44,37 @@ TEST(Layout, AWiderWindowLeavesTheRightPanelsEdgeWhereItWas) {
     const WindowLayout wide = windowLayout(sizes, 1920, 1080);
     EXPECT_EQ(wide.rightX, 880);
     EXPECT_EQ(wide.rightPanel.w, 1040);
-    const WindowLayout narrow = windowLayout(sizes, 885, 720);
-    EXPECT_FALSE(rightPanelShown(narrow));
+}
+
+TEST(Layout, ASmallWindowShowsWhatFitsOfTheStoredSizes) {
+    const struct {
+        PanelSizes stored;
+        int w, h;
+        int left, right, recorder;
+    } cases[] = {
+        {{true, 400, 880, 340}, 1280, 720, 400, 880, 340},
+        {{true, 400, 880, 340}, 885, 720, 400, 685, 340},
+        {{true, 400, 880, 340}, 800, 600, 400, 600, 340},
+        {{true, 400, 400, 340}, 800, 600, 400, 520, 340},   // as a window of 800 begins
+        {{true, 680, 1280, 880}, 800, 600, 480, 600, 400},  // as far as each can be dragged in a large one
+        {{true, 680, 1280, 880}, 1280, 720, 680, 1080, 520},
+        {{true, 680, 1280, 880}, 1920, 1080, 680, 1280, 880},
+        {{true, 0, 100, 150}, 800, 600, 0, 120, 150},
+        {{true, 400, 880, 340}, 300, 300, 0, 120, 150},  // smaller than any window may be made
+    };
+    for (const auto& c : cases) {
+        const WindowLayout layout = windowLayout(c.stored, c.w, c.h);
+        EXPECT_EQ(layout.leftWidth, c.left) << c.w;
+        EXPECT_EQ(layout.leftPanel.w, c.left) << c.w;
+        EXPECT_EQ(layout.rightX, c.right) << c.w;
+        EXPECT_EQ(layout.rightPanel.x, c.right) << c.w;
+        EXPECT_EQ(layout.rightPanel.w, c.w - c.right) << c.w;
+        EXPECT_EQ(layout.centre.x, c.left + 1) << c.w;
+        EXPECT_EQ(layout.centre.w, c.right - c.left - 2) << c.w;
+        EXPECT_EQ(layout.recorder.h, c.recorder) << c.w;
+        EXPECT_EQ(layout.recorder.y, layout.contentBottom) << c.w;
+        EXPECT_EQ(layout.contentBottom, c.h - 30 - c.recorder) << c.w;
+    }
 }
 
 TEST(Layout, TopBarButtonsStandInARow) {
@@ -120,6 +149,19 @@ TEST(Layout, TheTuningSlidersGoByAWidthOfTheirOwn) {
     EXPECT_TRUE(isEmpty(tuningLayout(windowLayout(sizes, 1280, 720)).strength));
 }
 
+TEST(Layout, ALineBehindTheGainsEndsInsideThePanel) {
+    const auto place = [](int panel, int width) {
+        return lineBehindGainsX(windowLayout({true, panel, 880, 340}, 1280, 720), width);
+    };
+    EXPECT_EQ(place(400, 100), 266);
+    EXPECT_EQ(place(400, 130), 266);
+    EXPECT_EQ(place(400, 131), 265);
+    EXPECT_EQ(place(400, 388), 8);
+    EXPECT_EQ(place(400, 500), 8);
+    EXPECT_EQ(place(330, 136), 190);
+    EXPECT_EQ(place(329, 20), 8);
+}
+
 TEST(Layout, RowsTakeClicksInsideTheRightPanelOnly) {
     const WindowLayout layout = first();
     EXPECT_TRUE(same(rowHitArea(layout), {881, 59, 396, 291}));
@@ -133,19 +175,20 @@ TEST(Layout, RowsTakeClicksInsideTheRightPanelOnly) {
 }
 
 TEST(Layout, FxSlidersTakeClicksInTheirBandsBothEndsInside) {
-    EXPECT_EQ(fxSliderAt(13, 104), kFxFibonacci);
-    EXPECT_EQ(fxSliderAt(223, 130), kFxFibonacci);
-    EXPECT_EQ(fxSliderAt(12, 110), -1);
-    EXPECT_EQ(fxSliderAt(224, 110), -1);
-    EXPECT_EQ(fxSliderAt(100, 131), -1);
-    EXPECT_EQ(fxSliderAt(100, 170), kFxPi);
-    EXPECT_EQ(fxSliderAt(100, 262), kFxTesla);
-    EXPECT_EQ(fxSliderAt(100, 302), kFxOctave);
-    EXPECT_EQ(fxSliderAt(100, 394), kFxPhi);
-    EXPECT_EQ(fxSliderAt(100, 450), kFxFibPhase);
-    EXPECT_EQ(fxSliderAt(100, 542), kFxTeslaPhase);
-    EXPECT_EQ(fxSliderAt(100, 574), kFxVolume);
-    EXPECT_EQ(fxSliderAt(100, 601), -1);
+    const WindowLayout layout = first(1280, 1080);
+    EXPECT_EQ(fxSliderAt(layout, 13, 104), kFxFibonacci);
+    EXPECT_EQ(fxSliderAt(layout, 223, 130), kFxFibonacci);
+    EXPECT_EQ(fxSliderAt(layout, 12, 110), -1);
+    EXPECT_EQ(fxSliderAt(layout, 224, 110), -1);
+    EXPECT_EQ(fxSliderAt(layout, 100, 131), -1);
+    EXPECT_EQ(fxSliderAt(layout, 100, 170), kFxPi);
+    EXPECT_EQ(fxSliderAt(layout, 100, 262), kFxTesla);
+    EXPECT_EQ(fxSliderAt(layout, 100, 302), kFxOctave);
+    EXPECT_EQ(fxSliderAt(layout, 100, 394), kFxPhi);
+    EXPECT_EQ(fxSliderAt(layout, 100, 450), kFxFibPhase);
+    EXPECT_EQ(fxSliderAt(layout, 100, 542), kFxTeslaPhase);
+    EXPECT_EQ(fxSliderAt(layout, 100, 574), kFxVolume);
+    EXPECT_EQ(fxSliderAt(layout, 100, 601), -1);
 }
 
 TEST(Layout, SplittersReachFourPixelsToEitherSide) {

@@ -82,6 +82,40 @@ TEST_F(RecorderInputTest, ADropOutsideTheTimelineAddsNothing) {
     EXPECT_FALSE(app.recorder.droneDragging);
 }
 
+TEST_F(RecorderInputTest, ADropOverAFloatingWindowAddsNothing) {
+    const SDL_Rect cell = gridCell(rowGrid(app.layout, kAvatarRowsTop, 0), 0);
+    const SDL_Point row = onRow(1, 500);
+    panel(kPolarPanel).open = true;
+    panel(kPolarPanel).rect = {row.x - 100, row.y - 100, 200, 150};
+    frame();
+    drag(cell.x + 20, cell.y + 20, row);
+    EXPECT_EQ(app.recorder.clipCount, 0) << "a panel";
+    EXPECT_FALSE(app.recorder.droneDragging) << "the drag is over all the same";
+    panel(kPolarPanel).open = false;
+    toggleCalculator(app.calculator);
+    app.calculator.calcRect.x = row.x - 100;
+    app.calculator.calcRect.y = row.y - 100;
+    frame();
+    drag(cell.x + 20, cell.y + 20, row);
+    EXPECT_EQ(app.recorder.clipCount, 0) << "the calculator";
+    EXPECT_FALSE(app.recorder.droneDragging);
+    drag(cell.x + 20, cell.y + 20, {row.x - 101, row.y});
+    EXPECT_EQ(app.recorder.clipCount, 1) << "beside it";
+}
+
+TEST_F(RecorderInputTest, ADropOnALockedRowAddsNothing) {
+    const SDL_Rect cell = gridCell(rowGrid(app.layout, kAvatarRowsTop, 0), 0);
+    const SDL_Point lock = {117, onRow(1, 0).y};
+    click(lock.x, lock.y);
+    ASSERT_TRUE(app.recorder.channels[1].locked);
+    drag(cell.x + 20, cell.y + 20, onRow(1, 500));
+    EXPECT_EQ(app.recorder.clipCount, 0);
+    EXPECT_FALSE(app.recorder.droneDragging);
+    click(lock.x, lock.y);
+    drag(cell.x + 20, cell.y + 20, onRow(1, 500));
+    EXPECT_EQ(app.recorder.clipCount, 1);
+}
+
 TEST_F(RecorderInputTest, TheRecordersKeysReachItBeforeTheWindows) {
     addClip(app.recorder, 0, 440.0, {});
     selectAll(app.recorder);
@@ -156,6 +190,96 @@ TEST_F(RecorderEditorInput, EveryPressBesideItClosesItWhoeverTakesThePress) {
         EXPECT_EQ(app.recorder.editClip, nullptr) << name;
         up(place.x, place.y);
     }
+}
+
+// A range field is left by the same presses.
+TEST_F(RecorderEditorInput, EveryPressElsewhereLeavesTheRangeField) {
+    const SDL_Rect& area = app.layout.recorder;
+    panel(kPolarPanel).open = true;
+    panel(kPolarPanel).rect = {420, 60, 200, 150};
+    panel(kLotusPanel).open = true;
+    panel(kLotusPanel).rect = {300, area.y + 20, 300, 150};  // over the band and the rows
+    toggleCalculator(app.calculator);
+    app.calculator.calcRect = {700, area.y + 20 - 378 + 100, 340, 378};  // its foot over the band
+    frame();
+    const WindowLayout& layout = app.layout;
+    const int bandY = area.y + 35;
+    const std::vector<std::pair<const char*, SDL_Point>> places = {
+        {"a panel over the band", {500, bandY}},
+        {"a title over the band", {400, area.y + 30}},
+        {"the calculator over the band", {900, bandY}},
+        {"a panel", {500, 150}},
+        {"the calculator's display", {800, app.calculator.calcRect.y + 40}},
+        {"the main view", {650, 100}},
+        {"the recorder's edge", {40, layout.contentBottom}},
+        {"the recorder's edge, inside it", {40, layout.contentBottom + 3}},
+        {"the left edge", {layout.leftWidth, 300}},
+        {"the right edge", {layout.rightX, 300}},
+        {"a tab", {20, 40}},
+        {"a button of the left panel", {50, 110}},
+        {"a row of the table", {layout.rightX + 50, 300}},
+        {"the top bar", {100, 10}},
+        {"the status bar", {100, layout.statusBar.y + 10}},
+        {"the recorder's title", {40, area.y + 12}},
+        {"its ruler", {200, area.y + 57}},
+        {"its rows", {250, area.y + 80}},
+        {"its transport bar", {600, area.y + area.h - 10}},
+    };
+    ASSERT_TRUE(app.calculator.calcRect.y > 0);
+    for (const auto& [name, place] : places) {
+        click(area.x + 140, bandY);
+        ASSERT_TRUE(isEditingRange(app.recorder)) << name;
+        down(place.x, place.y);
+        EXPECT_FALSE(isEditingRange(app.recorder)) << name;
+        up(place.x, place.y);
+        panel(kLotusPanel).rect = {300, area.y + 20, 300, 150};
+        frame();
+    }
+    click(area.x + 140, bandY);
+    click(620, bandY);
+    EXPECT_TRUE(isEditingRange(app.recorder)) << "in the band it stays open";
+    openEditor(80);
+    ASSERT_TRUE(recorderEditContains(app.recorder, area, 144, bandY));
+    click(144, bandY);
+    EXPECT_FALSE(isEditingRange(app.recorder)) << "the clip editor over the band";
+    EXPECT_TRUE(app.recorder.editOpen);
+}
+
+TEST_F(RecorderEditorInput, APressOnAFloatingWindowOverItIsNotForIt) {
+    panel(kPolarPanel).open = true;
+    toggleCalculator(app.calculator);
+    openEditor(80);
+    const int y = app.recorder.editY;
+    const float gain = clip->gainInDb;
+    const SDL_Point slider{80 + 56 + 20, y + 30};  // of the first row
+    // Over the left panel, where a press on the panel's inert body goes on to what lies beneath.
+    panel(kPolarPanel).rect = {60, y - 100, 200, 220};
+    app.calculator.calcRect = {700, 40, 340, 378};
+    ASSERT_LT(slider.y, app.layout.contentBottom);
+    down(slider.x, slider.y);
+    EXPECT_FALSE(app.recorder.editOpen) << "a panel";
+    EXPECT_EQ(clip->gainInDb, gain);
+    up(slider.x, slider.y);
+    panel(kPolarPanel).open = false;
+    openEditor(80);
+    app.calculator.calcRect = {60, y - 100, 340, 378};
+    down(slider.x, slider.y);
+    EXPECT_FALSE(app.recorder.editOpen) << "the calculator";
+    EXPECT_EQ(clip->gainInDb, gain);
+    up(slider.x, slider.y);
+}
+
+TEST_F(RecorderEditorInput, ADropOverItAddsNothing) {
+    openEditor(500);
+    const SDL_Rect cell = gridCell(rowGrid(app.layout, kAvatarRowsTop, 0), 0);
+    const SDL_Point row = onRow(1, 600);
+    ASSERT_TRUE(recorderEditContains(app.recorder, app.layout.recorder, row.x, row.y));
+    drag(cell.x + 20, cell.y + 20, row);
+    EXPECT_EQ(app.recorder.clipCount, 1) << "the one that is edited";
+    EXPECT_FALSE(app.recorder.droneDragging);
+    EXPECT_TRUE(app.recorder.editOpen);
+    drag(cell.x + 20, cell.y + 20, {onRow(0, 800).x, onRow(0, 0).y});
+    EXPECT_EQ(app.recorder.clipCount, 2);
 }
 
 TEST_F(RecorderEditorInput, OnlyTheLeftButtonClosesIt) {
@@ -250,6 +374,7 @@ TEST_F(RecorderInputTest, TheExportsProgressLiesOverEverything) {
         for (int x = 0; x < 1280; ++x) {
             const bool inside = contains(box, x, y);
             const bool edge = inside && !contains({481, 337, 318, 46}, x, y);
+            if (contains({806, 336, 70, 48}, x, y)) continue;  // "Cancel"
             if (!inside) {
                 ASSERT_EQ(seen.at(x, y), before.at(x, y)) << x << " " << y;
             } else if (edge) {

@@ -156,11 +156,12 @@ TEST_F(PanelContent, TheSpiralIsAsLongAsTheFibonacciStackIsDeep) {
 }
 
 TEST_F(PanelContent, TheEnneagramAndTheSpiralMoveWithTheViewClockAndChangeWithThePalette) {
-    // The scene, which moves as well, would shine through.
+    // The scene, which moves as well, would shine through: it is held left of the panels.
     app.sizes.leftWidth = 10;
     app.sizes.rightX = 60;
     frame();
-    ASSERT_FALSE(centreShown(app.layout));
+    ASSERT_LT(app.layout.rightX, panel(kSacredPanel).rect.x);
+    ASSERT_LT(app.layout.rightX, panel(kHarmonicsPanel).rect.x);
     addVoice(528.0, 0.5f);
     engine.time = 500.0;
     for (const int id : {kSacredPanel, kHarmonicsPanel}) {

@@ -342,7 +342,7 @@ class HarmonicsPanel : public HarmonicsPicture {
 };
 
 constexpr SDL_Color kTitleBar{42, 40, 56, 255};
-constexpr SDL_Color kGold{220, 185, 90, 255};
+constexpr SDL_Color kSand{230, 190, 140, 255};
 
 TEST_F(HarmonicsPanel, ClosedItDrawsNothing) {
     panel.open = false;
@@ -352,7 +352,7 @@ TEST_F(HarmonicsPanel, ClosedItDrawsNothing) {
 
 TEST_F(HarmonicsPanel, HasItsNameInGold) {
     const Picture seen = drawPanelWith();
-    EXPECT_TRUE(isText(seen, kTitleBar, "HARMONICS  [Fibonacci Spiral]", 18, 14, fonts.fontTab, kGold));
+    EXPECT_TRUE(isText(seen, kTitleBar, "HARMONICS  [Fibonacci Spiral]", 18, 14, fonts.fontTab, kSand));
 }
 
 TEST_F(HarmonicsPanel, ShowsTheNotesOfTheFrameInTheColoursOfThePalette) {

@@ -254,7 +254,7 @@ TEST_F(PolarRosePanel, ClosedItDrawsNothing) {
 TEST_F(PolarRosePanel, BearsItsName) {
     panel.open = true;
     EXPECT_TRUE(isText(drawPanelNow(), {42, 40, 56, 255}, "POLAR ROSE  [Audio]", 168, 104, fonts.fontTab,
-                       {230, 200, 110, 255}));
+                       {140, 210, 240, 255}));
 }
 
 TEST_F(PolarRosePanel, ShowsTheSynthesiserAlone) {

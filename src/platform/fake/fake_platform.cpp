@@ -4,6 +4,7 @@
 
 #include "platform/audio_device.h"
 #include "platform/clock.h"
+#include "platform/dialog_hook.h"
 #include "platform/dialogs.h"
 #include "platform/media_command.h"
 #include "platform/message_box.h"
@@ -31,6 +32,16 @@ std::string filterText(std::span<const FileFilter> filters) {
         text += std::string("|") + filter.name + "=" + filter.patterns;
     }
     return text;
+}
+
+// The user takes his time.
+void standDialog() {
+    FakePlatform& fake = fakePlatform();
+    for (std::uint32_t stood = 0; stood < fake.dialogMs; stood += kDialogHookMs) {
+        fake.ticks += kDialogHookMs;
+        if (fake.onDialogStep) fake.onDialogStep();
+        runDialogHook();
+    }
 }
 
 std::string nextDialogPath() {
@@ -76,17 +87,24 @@ int FakePlatform::count(const std::string& entry) const {
 
 std::string chooseFileToOpen(const OpenDialog& dialog) {
     note(std::string("chooseFileToOpen ") + dialog.title + filterText(dialog.filters));
+    standDialog();
+    showKeptMessages();
     return nextDialogPath();
 }
 
 std::string chooseFileToSave(const SaveDialog& dialog) {
     note(std::string("chooseFileToSave ") + dialog.title + "|" + dialog.defaultName + "|" +
          dialog.defaultExtension + filterText(dialog.filters));
+    standDialog();
+    showKeptMessages();
     return nextDialogPath();
 }
 
 void messageBox(const std::string& text, const char* title, MessageIcon icon) {
+    if (keepMessage(text, title, icon)) return;
     note(std::string("messageBox ") + iconName(icon) + "|" + title + "|" + text);
+    standDialog();
+    showKeptMessages();
 }
 
 int mediaCommand(const std::string& command, char* reply, std::size_t replySize) {
@@ -117,7 +135,7 @@ void pauseAudioDevice(bool paused) {
 }
 
 std::uint32_t ticksMs() {
-    return fakePlatform().ticks;
+    return fakePlatform().clock ? fakePlatform().clock() : fakePlatform().ticks;
 }
 
 void waitMs(std::uint32_t milliseconds) {

@@ -28,6 +28,11 @@ struct FakePlatform {
     // The answers of the next dialogs, first in, first out; with none left the user cancels.
     std::deque<std::string> dialogPaths;
 
+    // How long each dialog and each message box stands: the clock moves on by it, in steps of kDialogHookMs,
+    // and the dialog hook is called at each.
+    std::uint32_t dialogMs = 0;
+    std::function<void()> onDialogStep;  // before the hook: what the audio device does meanwhile
+
     // What a media command answers, by the whole command or else by its first word ("status", "open"). Of
     // several answers each is given once, the last for good. A command without an entry returns 0 and an
     // empty reply.
@@ -35,7 +40,8 @@ struct FakePlatform {
 
     std::string mediaError = "fake media error";  // the text of every code
 
-    std::uint32_t ticks = 0;  // milliseconds; waitMs moves it on
+    std::uint32_t ticks = 0;               // milliseconds; waitMs moves it on
+    std::function<std::uint32_t()> clock;  // asked instead, if there is one
 
     int lockDepth = 0;         // holds of the audio device that were not given back
     bool audioPaused = false;  // as last asked for

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/dialog_hook.h"
 #include "platform/linux/file_names.h"
 #include "platform/linux/gtk_modal.h"
 #include "platform/message_box.h"
@@ -109,6 +110,7 @@ GtkFileChooserNative* buildChooser(const GtkModal& modal, const ChooserStart& st
 std::string runChooser(const ChooserStart& start) {
     const GtkModal modal;
     GtkFileChooserNative* native = buildChooser(modal, start);
+    runDialogHook();
     int response = GTK_RESPONSE_NONE;
     g_signal_connect(native, "response", G_CALLBACK(storeResponse), &response);
     gtk_native_dialog_show(GTK_NATIVE_DIALOG(native));
@@ -158,9 +160,7 @@ bool isAccepted(const std::string& path) {
     return mayReplace(path);
 }
 
-}  // namespace
-
-std::string chooseFileToOpen(const OpenDialog& dialog) {
+std::string askToOpen(const OpenDialog& dialog) {
     if (!canShowChooser()) return {};
     ChooserStart start{dialog.title, dialog.filters, GTK_FILE_CHOOSER_ACTION_OPEN, startFolder(), {}};
     for (;;) {
@@ -175,7 +175,7 @@ std::string chooseFileToOpen(const OpenDialog& dialog) {
     }
 }
 
-std::string chooseFileToSave(const SaveDialog& dialog) {
+std::string askToSave(const SaveDialog& dialog) {
     if (!canShowChooser()) return {};
     ChooserStart start{dialog.title, dialog.filters, GTK_FILE_CHOOSER_ACTION_SAVE, startFolder(),
                        dialog.defaultName};
@@ -191,6 +191,20 @@ std::string chooseFileToSave(const SaveDialog& dialog) {
             return path;
         }
     }
+}
+
+}  // namespace
+
+std::string chooseFileToOpen(const OpenDialog& dialog) {
+    std::string path = askToOpen(dialog);
+    showKeptMessages();
+    return path;
+}
+
+std::string chooseFileToSave(const SaveDialog& dialog) {
+    std::string path = askToSave(dialog);
+    showKeptMessages();
+    return path;
 }
 
 }  // namespace veloria::platform

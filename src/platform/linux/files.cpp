@@ -64,6 +64,12 @@ bool canReadFile(const std::string& path) {
     return isRegular(file, facts);
 }
 
+std::optional<FileIdentity> fileIdentity(const std::string& path) {
+    struct stat facts {};
+    if (stat(path.c_str(), &facts) != 0) return {};
+    return FileIdentity{facts.st_dev, facts.st_ino};
+}
+
 bool readWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {
     return readFileStart(path, std::numeric_limits<std::size_t>::max(), bytes);
 }

@@ -58,9 +58,13 @@ bool isUsable(const FcPattern* face) {
     return std::strcmp(name, "TrueType") == 0 || std::strcmp(name, "CFF") == 0;
 }
 
+bool isUsableFile(const FontRequest& request, const char* path) {
+    return access(path, R_OK) == 0 && (request.opens == nullptr || request.opens(path));
+}
+
 // The file of the nearest usable face; with `exact` only a face of that very family counts.
-std::string nearestFace(const char* family, bool bold, bool exact) {
-    const FontSet faces = facesByNearness(family, bold);
+std::string nearestFace(const FontRequest& request, const char* family, bool exact) {
+    const FontSet faces = facesByNearness(family, request.bold);
     if (!faces) return {};
     for (int i = 0; i < faces->nfont; ++i) {
         const FcPattern* face = faces->fonts[i];
@@ -68,7 +72,7 @@ std::string nearestFace(const char* family, bool bold, bool exact) {
         if (!isUsable(face) || (exact && !isFamily(face, family))) continue;
         if (FcPatternGetString(face, FC_FILE, 0, &file) != FcResultMatch) continue;
         const char* path = reinterpret_cast<const char*>(file);
-        if (access(path, R_OK) == 0) return path;
+        if (isUsableFile(request, path)) return path;
     }
     return {};
 }
@@ -77,13 +81,13 @@ std::string nearestFace(const char* family, bool bold, bool exact) {
 
 std::string findFont(const FontRequest& request) {
     for (const char* path : request.paths) {
-        if (access(path, R_OK) == 0) return path;
+        if (isUsableFile(request, path)) return path;
     }
     for (const char* family : request.families) {
-        std::string path = nearestFace(family, request.bold, true);
+        std::string path = nearestFace(request, family, true);
         if (!path.empty()) return path;
     }
-    return request.fallbackFamily != nullptr ? nearestFace(request.fallbackFamily, request.bold, false)
+    return request.fallbackFamily != nullptr ? nearestFace(request, request.fallbackFamily, false)
                                              : std::string{};
 }
 

@@ -8,21 +8,25 @@
 
 #include <cstring>
 
+#include "platform/dialog_hook.h"
 #include "platform/linux/stale_input.h"
 
 namespace veloria::platform {
 
 namespace {
 
-constexpr guint kPumpIntervalMs = 20;
-
 bool isVideoDriver(const char* name) {
     const char* driver = SDL_GetCurrentVideoDriver();
     return driver != nullptr && std::strcmp(driver, name) == 0;
 }
 
-gboolean pumpSdl(gpointer /*unused*/) {
+void pumpSdl() {
     if (SDL_WasInit(SDL_INIT_VIDEO) != 0) SDL_PumpEvents();
+}
+
+gboolean tick(gpointer /*unused*/) {
+    pumpSdl();
+    runDialogHook();
     return G_SOURCE_CONTINUE;
 }
 
@@ -91,6 +95,8 @@ bool startGtk() {
     static bool s_started = false;
     if (s_started) return true;
     if (!hasScreen()) return false;
+    // Starting and building take longer than the hook should wait: it is called between them as well.
+    runDialogHook();
     prepareGtkOnce();
     s_started = gtk_init_check(nullptr, nullptr) == TRUE;
     return s_started;
@@ -98,16 +104,19 @@ bool startGtk() {
 
 GtkModal::GtkModal()
     : m_standIn(GTK_WINDOW(gtk_window_new(GTK_WINDOW_TOPLEVEL))),
-      m_pump(g_timeout_add(kPumpIntervalMs, pumpSdl, nullptr)),
-      m_startTicks(SDL_GetTicks()) {}
+      m_timer(g_timeout_add(kDialogHookMs, tick, nullptr)),
+      m_startTicks(SDL_GetTicks()) {
+    runDialogHook();
+}
 
 GtkModal::~GtkModal() {
-    g_source_remove(m_pump);
+    g_source_remove(m_timer);
     gtk_widget_destroy(GTK_WIDGET(m_standIn));
     while (g_main_context_iteration(nullptr, FALSE) == TRUE) {
     }
+    runDialogHook();
     gdk_display_sync(gdk_display_get_default());
-    pumpSdl(nullptr);
+    pumpSdl();
     dropStaleInput(m_startTicks);
 }
 
@@ -118,7 +127,8 @@ void GtkModal::own(GtkWindow* dialog) const {
 }
 
 void GtkModal::wait(const int* response) const {
-    // The pump's timer ends every iteration soon, whether or not GTK has anything to do.
+    runDialogHook();
+    // The timer ends every iteration soon, whether or not GTK has anything to do.
     while (*response == GTK_RESPONSE_NONE)
         g_main_context_iteration(nullptr, TRUE);
 }

@@ -14,8 +14,8 @@ namespace veloria::platform {
 [[nodiscard]] bool startGtk();
 
 // The time during which one modal window stands. While it lives, waiting for GTK also takes in SDL's events,
-// so that the desktop does not call the program hung; at its end the window is gone from the screen, and the
-// input that arrived meanwhile is dropped.
+// so that the desktop does not call the program hung, and calls the dialog hook; at its end the window is
+// gone from the screen, and the input that arrived meanwhile is dropped.
 class GtkModal {
   public:
     GtkModal();
@@ -35,7 +35,7 @@ class GtkModal {
 
   private:
     GtkWindow* m_standIn;
-    guint m_pump;
+    guint m_timer;
     std::uint32_t m_startTicks;
 };
 

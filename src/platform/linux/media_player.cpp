@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/files.h"
 #include "platform/linux/media_sink.h"
 
 namespace veloria::platform {
@@ -12,8 +13,8 @@ namespace {
 constexpr int kPlayAudio = 1 << 1;
 constexpr int kPlaySoftVolume = 1 << 4;
 
-constexpr GstClockTime kOpenLimit = 5 * GST_SECOND;
-constexpr GstClockTime kChangeLimit = 2 * GST_SECOND;
+constexpr GstClockTime kOpenLimit = 4 * GST_SECOND;
+constexpr GstClockTime kChangeLimit = 400 * GST_MSECOND;  // less than any command is waited for
 constexpr std::uint64_t kMaxMs = G_MAXINT64 / GST_MSECOND;
 
 struct MessageUnref {
@@ -68,7 +69,7 @@ bool waitForPreroll(MediaPlayer& player) {
         const Message message{gst_bus_timed_pop_filtered(
             player.bus, left > 0 ? static_cast<GstClockTime>(left) * GST_USECOND : 0, kWanted)};
         if (!message) {
-            player.refusal = "The file did not begin to play within 5 seconds.";
+            player.refusal = kTooSlow;
             return false;
         }
         if (GST_MESSAGE_TYPE(message.get()) == GST_MESSAGE_ASYNC_DONE) return true;
@@ -124,6 +125,11 @@ MediaSinkMaker g_makeMediaSink = systemsChoice;
 
 MediaResult openMedia(MediaPlayer& player, const std::string& path) {
     if (player.pipeline != nullptr) return MediaResult::AlreadyOpen;
+    // The opening of a pipe would wait for its writer.
+    if (!canReadFile(path)) {
+        player.refusal = "This is not a file that can be read.";
+        return MediaResult::Refused;
+    }
     if (!startGStreamer()) return MediaResult::NoPlayer;
     const std::unique_ptr<char, decltype(&g_free)> uri(gst_filename_to_uri(path.c_str(), nullptr), g_free);
     if (!uri) {

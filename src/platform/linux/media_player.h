@@ -1,5 +1,6 @@
-// One playing file behind the media commands: a GStreamer pipeline without video and subtitles. Main thread
-// only; GStreamer's own threads never touch this record, as its messages are fetched inside the calls.
+// One playing file behind the media commands: a GStreamer pipeline without video and subtitles. Any one
+// thread at a time; GStreamer's own threads never touch this record, as its messages are fetched inside the
+// calls. Each call may hang where GStreamer, a driver or a file system does.
 #pragma once
 
 #include <gst/gst.h>
@@ -31,7 +32,11 @@ struct MediaPlayer {
     std::string refusal;          // GStreamer's words for the last refusal
 };
 
-// Opens the file and waits until it is known to play, 5 s at the most.
+// What a file that is too slow to begin is refused with.
+inline constexpr const char* kTooSlow = "The file did not begin to play within 4 seconds.";
+
+// Opens the file and waits until it is known to play, 4 s at the most while nothing hangs. Only a regular
+// file that can be read.
 [[nodiscard]] MediaResult openMedia(MediaPlayer& player, const std::string& path);
 
 // Releases the file; nothing open is no error to it.

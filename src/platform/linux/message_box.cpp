@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "platform/dialog_hook.h"
 #include "platform/linux/gtk_modal.h"
 #include "platform/path_text.h"
 
@@ -76,10 +77,12 @@ void writeLine(std::string text, const char* title) {
 }  // namespace
 
 void messageBox(const std::string& text, const char* title, MessageIcon icon) {
+    if (keepMessage(text, title, icon)) return;
     const std::string shown =
         displayText(text);  // a message may quote a path, and GTK takes valid UTF-8 only
     if (startGtk()) {
         showWithGtk(shown, title, icon);
+        showKeptMessages();
         return;
     }
     // SDL would look for a display of its own even under a driver that draws nowhere.

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/message_box.h"
+#include "platform/windows/dialog_timer.h"
 #include "platform/windows/wide_text.h"
 
 namespace veloria::platform {
@@ -69,18 +70,31 @@ std::string outcome(BOOL chosen, const DialogTexts& texts) {
     return {};
 }
 
+using ShowDialog = BOOL(WINAPI*)(OPENFILENAMEW*);
+
+std::string show(ShowDialog showDialog, OPENFILENAMEW& description, const DialogTexts& texts) {
+    BOOL chosen = FALSE;
+    {
+        const DialogTimer timer;
+        chosen = showDialog(&description);
+    }
+    std::string path = outcome(chosen, texts);
+    showKeptMessages();
+    return path;
+}
+
 }  // namespace
 
 std::string chooseFileToOpen(const OpenDialog& dialog) {
     DialogTexts texts = makeTexts(dialog.title, dialog.filters, "", "");
     OPENFILENAMEW description = describe(texts, OFN_FILEMUSTEXIST);
-    return outcome(GetOpenFileNameW(&description), texts);
+    return show(GetOpenFileNameW, description, texts);
 }
 
 std::string chooseFileToSave(const SaveDialog& dialog) {
     DialogTexts texts = makeTexts(dialog.title, dialog.filters, dialog.defaultName, dialog.defaultExtension);
     OPENFILENAMEW description = describe(texts, OFN_OVERWRITEPROMPT);
-    return outcome(GetSaveFileNameW(&description), texts);
+    return show(GetSaveFileNameW, description, texts);
 }
 
 }  // namespace veloria::platform

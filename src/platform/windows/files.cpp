@@ -1,6 +1,7 @@
 #include "platform/files.h"
 
 #include <sys/stat.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <exception>
@@ -39,6 +40,19 @@ FileHandle openFile(const std::string& path, const char* mode) {
 bool canReadFile(const std::string& path) {
     struct _stat64 facts {};
     return isRegular(path, facts) && openFile(path, "rb") != nullptr;
+}
+
+std::optional<FileIdentity> fileIdentity(const std::string& path) {
+    constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE file = CreateFileW(toWide(path).c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return {};
+    BY_HANDLE_FILE_INFORMATION facts{};
+    const bool told = GetFileInformationByHandle(file, &facts) != 0;
+    CloseHandle(file);
+    if (!told) return {};
+    return FileIdentity{facts.dwVolumeSerialNumber,
+                        std::uint64_t{facts.nFileIndexHigh} << 32 | facts.nFileIndexLow};
 }
 
 bool readWholeFile(const std::string& path, std::vector<std::uint8_t>& bytes) {

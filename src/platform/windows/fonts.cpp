@@ -31,16 +31,20 @@ bool isFile(const std::string& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-std::string inFontFolder(const char* name) {
-    std::string path = std::string("C:/Windows/Fonts/") + name;
-    return isFile(path) ? path : std::string{};
+bool isUsableFile(const FontRequest& request, const std::string& path) {
+    return isFile(path) && (request.opens == nullptr || request.opens(path));
 }
 
-std::string familyFile(const char* family, bool bold) {
+std::string inFontFolder(const FontRequest& request, const char* name) {
+    std::string path = std::string("C:/Windows/Fonts/") + name;
+    return isUsableFile(request, path) ? path : std::string{};
+}
+
+std::string familyFile(const FontRequest& request, const char* family) {
     for (const FontFiles& files : kFontFiles) {
         if (_stricmp(files.family, family) != 0) continue;
-        std::string path = bold ? inFontFolder(files.bold) : std::string{};
-        return path.empty() ? inFontFolder(files.regular) : path;
+        std::string path = request.bold ? inFontFolder(request, files.bold) : std::string{};
+        return path.empty() ? inFontFolder(request, files.regular) : path;
     }
     return {};
 }
@@ -49,15 +53,15 @@ std::string familyFile(const char* family, bool bold) {
 
 std::string findFont(const FontRequest& request) {
     for (const char* path : request.paths) {
-        if (isFile(path)) return path;
+        if (isUsableFile(request, path)) return path;
     }
     for (const char* family : request.families) {
-        std::string path = familyFile(family, request.bold);
+        std::string path = familyFile(request, family);
         if (!path.empty()) return path;
     }
     std::string path =
-        request.fallbackFamily != nullptr ? familyFile(request.fallbackFamily, request.bold) : std::string{};
-    return path.empty() ? inFontFolder(kLastResort) : path;
+        request.fallbackFamily != nullptr ? familyFile(request, request.fallbackFamily) : std::string{};
+    return path.empty() ? inFontFolder(request, kLastResort) : path;
 }
 
 }  // namespace veloria::platform

@@ -6,11 +6,26 @@
 
 #include <array>
 
+#include "platform/files.h"
 #include "platform/windows/wide_text.h"
 
 namespace veloria::platform {
 
+namespace {
+
+// The player itself would also take a device or wait at a pipe.
+bool opensNoFile(const std::string& command) {
+    if (command.rfind("open ", 0) != 0) return false;
+    const std::size_t first = command.find('"');
+    const std::size_t last = command.rfind('"');
+    return first == last || !canReadFile(command.substr(first + 1, last - first - 1));
+}
+
+}  // namespace
+
 int mediaCommand(const std::string& command, char* reply, std::size_t replySize) {
+    copyText({}, reply, replySize);
+    if (opensNoFile(command)) return MCIERR_FILE_NOT_FOUND;
     std::array<wchar_t, 64> wideReply{};
     const MCIERROR code = mciSendStringW(toWide(command).c_str(), wideReply.data(),
                                          static_cast<UINT>(wideReply.size()), nullptr);

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "platform/windows/dialog_timer.h"
 #include "platform/windows/wide_text.h"
 
 namespace veloria::platform {
@@ -25,9 +26,14 @@ UINT iconFlag(MessageIcon icon) {
 }  // namespace
 
 void messageBox(const std::string& text, const char* title, MessageIcon icon) {
-    const int answer =
-        MessageBoxW(nullptr, toWide(text).c_str(), toWide(title).c_str(), MB_OK | iconFlag(icon));
-    if (answer == 0) std::fprintf(stderr, "%s: %s\n", title, text.c_str());
+    if (keepMessage(text, title, icon)) return;
+    {
+        const DialogTimer timer;
+        const int answer =
+            MessageBoxW(nullptr, toWide(text).c_str(), toWide(title).c_str(), MB_OK | iconFlag(icon));
+        if (answer == 0) std::fprintf(stderr, "%s: %s\n", title, text.c_str());
+    }
+    showKeptMessages();
 }
 
 }  // namespace veloria::platform

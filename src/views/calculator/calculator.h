@@ -22,6 +22,7 @@ struct CalculatorState {
     bool calcDragging = false;
     int calcDragX = 0;  // from the left edge to the pointer that holds the window
     int calcDragY = 0;
+    SDL_Point calcSettledIn{};           // as a panel's settledIn
     double calcValue = kCalcStartHz;     // Hz, above 0
     double calcPrevious = kCalcStartHz;  // Hz, what "UNDO" changes places with
     bool calcHasPrevious = false;
@@ -54,8 +55,8 @@ struct CalculatorLayout {
 void drawCalculator(const DrawContext& context, const CalculatorState& state);
 
 // One event, before anything else in the window may have it. True when consumed; a left release never is.
-// Opening the field here does not close a field elsewhere: whoever owns both looks at `calcEditing` before
-// and after.
+// Opening the field here does not close a field elsewhere: whoever owns both closes that at the press, before
+// this has it.
 bool calculatorEvent(CalculatorState& state, const SDL_Event& event, int windowW, int windowH);
 
 // Is the point on the window, while it is shown?

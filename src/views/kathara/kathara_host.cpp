@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t kMaxSceneNotes = 128;
 constexpr int kMainPageLeft = 12;  // of the page's text in its body
 constexpr int kPanelPageLeft = 10;
-constexpr SDL_Color kTitleColor{225, 195, 140, 255};
+constexpr SDL_Color kTitleColor{220, 190, 130, 255};
 
 // The notes as the scene takes them.
 struct SceneNotes {
@@ -59,13 +59,16 @@ float drawScene(const DrawContext& context, const SDL_Rect& rect, KatharaViewSta
     return view.azimuth;
 }
 
-// Must the kept picture be drawn anew in this frame?
+// Must the kept picture be drawn anew in this frame? Also when it shows something moving that has ended
+// since: a load or a dialog can hold up the frames for longer than the picture goes on.
 bool needsRedraw(KatharaState& state, const FrameSnapshot& snapshot, std::uint32_t ticks) {
     const bool moving = !snapshot.notes.empty() || anythingHeld(snapshot) || state.view.autoRotate;
-    if (moving || state.sceneDirty) {
+    const bool outlived = state.sceneShowsMotion && ticks - state.sceneChangedAt >= kSceneAfterglowMs;
+    if (moving || state.sceneDirty || outlived) {
         state.sceneDirty = false;
         state.sceneChangedAt = ticks;
     }
+    state.sceneShowsMotion = moving;
     return moving || ticks - state.sceneChangedAt < kSceneAfterglowMs;
 }
 
@@ -86,28 +89,31 @@ void keepAzimuth(KatharaState& state, float azimuth) {
     if (state.view.autoRotate) state.view.azimuth = azimuth;
 }
 
-void redrawTexture(const DrawContext& context, KatharaState& state, const FrameSnapshot& snapshot,
+// False where the renderer refuses to draw into the texture.
+bool redrawTexture(const DrawContext& context, KatharaState& state, const FrameSnapshot& snapshot,
                    float time) {
     SDL_Texture* before = SDL_GetRenderTarget(context.renderer);
-    if (SDL_SetRenderTarget(context.renderer, state.sceneTexture) != 0) return;
+    if (SDL_SetRenderTarget(context.renderer, state.sceneTexture) != 0) return false;
     const SDL_Rect all{0, 0, state.sceneTextureW, state.sceneTextureH};
     fillRect(context.renderer, all, context.theme->themeBackground, SDL_BLENDMODE_NONE);
     keepAzimuth(state, drawScene(context, all, state.view, snapshot, time));
     SDL_SetRenderTarget(context.renderer, before);
-    state.sceneDrawnInMainView = true;
+    return true;
 }
 
 void drawMainScene(const DrawContext& context, KatharaState& state, const SDL_Rect& scene,
                    const FrameSnapshot& snapshot, float time) {
     fitTexture(context, state, scene);
     const bool redraw = needsRedraw(state, snapshot, context.ticks);
-    if (state.sceneTexture == nullptr) {
+    const bool kept =
+        state.sceneTexture != nullptr && (!redraw || redrawTexture(context, state, snapshot, time));
+    state.sceneDrawnInMainView = redraw || !kept;
+    if (!kept) {
         // A renderer without targets, or without memory for one: the picture is drawn in its place each time.
         keepAzimuth(state, drawScene(context, scene, state.view, snapshot, time));
-        state.sceneDrawnInMainView = true;
+        state.sceneDirty = true;
         return;
     }
-    if (redraw) redrawTexture(context, state, snapshot, time);
     SDL_RenderCopy(context.renderer, state.sceneTexture, nullptr, &scene);
 }
 

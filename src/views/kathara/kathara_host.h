@@ -27,7 +27,8 @@ struct KatharaState {
     SDL_Texture* sceneTexture = nullptr;
     int sceneTextureW = 0;  // pixels
     int sceneTextureH = 0;
-    bool sceneDirty = true;
+    bool sceneDirty = true;             // what it shows may no longer be so
+    bool sceneShowsMotion = false;      // it was drawn while something sounded, was held or turned
     std::uint32_t sceneChangedAt = 0;   // ms, of the last change
     bool sceneDrawnInMainView = false;  // in this frame; the panel then does not turn the camera once more
 

@@ -23,7 +23,7 @@ constexpr float kPi = kTurn / 2.0f;
 constexpr float kPetalAngle = kTurn / 12.0f;
 constexpr float kHalfPetalAngle = 0.2617994f;
 
-constexpr SDL_Color kTitleColor{220, 170, 240, 255};
+constexpr SDL_Color kTitleColor{255, 210, 120, 255};
 constexpr SDL_Color kRayColor{120, 110, 220, 255};
 constexpr SDL_Color kRingColor{100, 75, 220, 255};
 constexpr SDL_Color kStarColor{255, 190, 60, 255};

@@ -33,7 +33,7 @@ constexpr SDL_Color kTabOff{60, 60, 60, 220};
 constexpr SDL_Color kTabTextOn{255, 200, 80, 255};
 constexpr SDL_Color kTabTextOff{140, 140, 140, 255};
 
-constexpr SDL_Color kTitleColour{220, 80, 80, 255};
+constexpr SDL_Color kTitleColour{240, 120, 120, 255};
 constexpr SDL_Color kCloseColour{180, 60, 60, 220};
 constexpr SDL_Color kMaximiseColour{80, 80, 80, 220};
 constexpr SDL_Color kMaximiseGlyph{200, 200, 200, 255};

@@ -16,7 +16,7 @@ constexpr float kRayNarrowing = 0.45f;  // of a ray's distance from the middle, 
 constexpr SDL_Color kFloorColor{30, 20, 50, 255};
 constexpr SDL_Color kRayColor{25, 18, 45, 30};
 constexpr SDL_Color kScaleColor{120, 100, 160, 180};
-constexpr SDL_Color kTitleColor{190, 150, 255, 255};
+constexpr SDL_Color kTitleColor{150, 175, 255, 255};
 
 void drawFloor(const DrawContext& context, const SpectrumLayout& layout) {
     for (int index = 0; index < kSpectrumRows; index += kFloorPitch) {
@@ -33,7 +33,7 @@ void drawFloor(const DrawContext& context, const SpectrumLayout& layout) {
 }
 
 void drawScale(const DrawContext& context, const SpectrumLayout& layout) {
-    TTF_Font* font = context.fonts->fontLabel;
+    TTF_Font* font = context.fonts->fontTiny;
     DrawText(context, "100", layout.lowLabel.x, layout.lowLabel.y, font, kScaleColor);
     DrawText(context, "1000 Hz", layout.highLabel.x, layout.highLabel.y, font, kScaleColor);
 }

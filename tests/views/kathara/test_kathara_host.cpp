@@ -7,7 +7,9 @@
 
 #include "tests/ui/offscreen.h"
 #include "tests/ui/text_probe.h"
+#include "toolkit/primitives.h"
 #include "toolkit/text.h"
+#include "views/scene/scene_draw.h"
 
 namespace veloria {
 namespace {
@@ -118,6 +120,54 @@ TEST_F(KatharaHosts, TheAfterglowCountsFromTheEndOfTheSound) {
     EXPECT_GT(changed(ended, glowing, kScene), 500);
     state.view.azimuth += 40.0f;
     EXPECT_EQ(changed(glowing, mainView(1), kScene), 0);
+}
+
+// A load or a dialog can hold up the frames for longer than the picture goes on after a change.
+TEST_F(KatharaHosts, WhatEndedWhileNoFrameWasDrawnIsNotShownAnyMore) {
+    const Picture rest = mainView();
+    const std::vector<std::pair<const char*, bool*>> held = {{"a note", nullptr},
+                                                             {"Reflection", &snapshot.reflectionHeld[80]},
+                                                             {"Rotation", &snapshot.rotationHeld[80]},
+                                                             {"Shadow", &snapshot.shadowHeld[0]}};
+    for (const auto& [name, flag] : held) {
+        if (flag != nullptr) *flag = true;
+        if (flag == nullptr) addNote(396.0f);
+        const Picture lit = mainView(1000);
+        EXPECT_GT(changed(rest, lit, kScene), 20) << name;
+        snapshot.notes.clear();
+        if (flag != nullptr) *flag = false;
+        EXPECT_EQ(changed(rest, mainView(2000), kScene), 0) << name;
+        // From there on it is at rest as after any other change.
+        state.view.azimuth += 40.0f;
+        EXPECT_GT(changed(rest, mainView(499), kScene), 500) << name;
+        state.view.azimuth -= 40.0f;
+        const Picture turned = picture();
+        EXPECT_EQ(changed(turned, mainView(1), kScene), 0) << name;
+        state.sceneDirty = true;
+        mainView();
+    }
+}
+
+TEST_F(KatharaHosts, WhereTheTextureTakesNoPictureItIsDrawnInItsPlaceEachTime) {
+    screen.clear(test::kBackdrop);
+    fillRect(context.renderer, kScene, theme.themeBackground);
+    KatharaViewState camera = state.view;
+    drawKatharaScene(context, kScene.x, kScene.y, kScene.w, kScene.h,
+                     {{}, {}, &snapshot.shadowHeld, &snapshot.reflectionHeld, &snapshot.rotationHeld}, time,
+                     camera);
+    const Picture wanted = picture();
+    // Of the right size, but none that can be drawn into.
+    state.sceneTexture = SDL_CreateTexture(context.renderer, SDL_PIXELFORMAT_RGBA8888,
+                                           SDL_TEXTUREACCESS_STATIC, kScene.w, kScene.h);
+    ASSERT_NE(state.sceneTexture, nullptr);
+    state.sceneTextureW = kScene.w;
+    state.sceneTextureH = kScene.h;
+    for (const std::uint32_t later : {0u, 100u, 2000u, 2000u}) {
+        state.sceneDrawnInMainView = false;
+        EXPECT_EQ(changed(wanted, mainView(later), kScene), 0) << later;
+        EXPECT_TRUE(state.sceneDrawnInMainView);
+    }
+    EXPECT_EQ(SDL_GetRenderTarget(context.renderer), nullptr);
 }
 
 TEST_F(KatharaHosts, AnotherSizeMakesAnotherTexture) {
@@ -302,7 +352,7 @@ TEST_F(KatharaHosts, ThePanelHasItsOwnColours) {
 }
 
 TEST_F(KatharaHosts, TheTitleSaysWhichPageThePanelShows) {
-    const SDL_Color title{225, 195, 140, 255};
+    const SDL_Color title{220, 190, 130, 255};
     const SDL_Color bar{42, 40, 56, 255};
     EXPECT_TRUE(isText(panelPicture(), bar, "KATHARA  [Solfeggio Grid]", 48, 34, fonts.fontTab, title));
     state.researchMode = true;

@@ -393,7 +393,7 @@ TEST_F(LotusPanel, OpenItStartsTheClockAndDrawsTheFlowerAsItIsAfterTheStep) {
     // The same picture, put together without the panel's own step.
     screen.clear(kBackdrop);
     PanelStyle style;
-    style.titleColor = {220, 170, 240, 255};
+    style.titleColor = {255, 210, 120, 255};
     drawPanel(context, panel, "LOTUS  [12 Solfeggio]", style, [&](const PanelLayout& layout) {
         EXPECT_EQ(layout.body.x, 102);
         EXPECT_EQ(layout.body.h, 334);
@@ -406,7 +406,7 @@ TEST_F(LotusPanel, OpenItStartsTheClockAndDrawsTheFlowerAsItIsAfterTheStep) {
 TEST_F(LotusPanel, BearsItsName) {
     panel.open = true;
     EXPECT_TRUE(isText(drawPanelNow(), {42, 40, 56, 255}, "LOTUS  [12 Solfeggio]", 108, 104, fonts.fontTab,
-                       {220, 170, 240, 255}));
+                       {255, 210, 120, 255}));
 }
 
 TEST_F(LotusPanel, FitsTheSmallestPanelAndTheWholeWindow) {

@@ -178,7 +178,7 @@ TEST_F(ShadowView, TheFooterIsLeftOutWhereItHasNoRoom) {
 }
 
 TEST_F(ShadowView, TheTitleAndTheTabsFollowThePage) {
-    const SDL_Color titleColour{220, 80, 80, 255};
+    const SDL_Color titleColour{240, 120, 120, 255};
     const auto fillOfTab = [&](bool current) {
         return over(current ? SDL_Color{120, 60, 60, 220} : SDL_Color{60, 60, 60, 220}, kTitleBar);
     };

@@ -13,6 +13,7 @@
 #include "tests/ui/text_probe.h"
 #include "tests/views/spectrum/spectrum_reference.h"
 #include "toolkit/primitives.h"
+#include "toolkit/text.h"
 
 namespace veloria {
 namespace {
@@ -24,7 +25,7 @@ using test::over;
 using test::Picture;
 using test::SpectrumReference;
 
-constexpr SDL_Color kTitle{190, 150, 255, 255};
+constexpr SDL_Color kTitle{150, 175, 255, 255};
 constexpr SDL_Color kTitleBar{42, 40, 56, 255};
 constexpr SDL_Color kScale{120, 100, 160, 180};
 
@@ -129,12 +130,29 @@ TEST_F(Spectrum, NineRaysRunTowardsTheMiddle) {
 }
 
 TEST_F(Spectrum, TheScaleStandsBelowTheNearEdge) {
-    const SDL_Rect body = kBody;
     screen.clear(kBackdrop);
-    drawSpectrum(context, body, *state, 0.0f);  // not clipped: in a panel the letters lose their feet
+    drawSpectrum(context, kBody, *state, 0.0f);
     const Picture seen = picture();
-    EXPECT_TRUE(isText(seen, kBackdrop, "100", 106, 470, fonts.fontLabel, kScale));
-    EXPECT_TRUE(isText(seen, kBackdrop, "1000 Hz", 102 + 556 - 52, 470, fonts.fontLabel, kScale));
+    EXPECT_TRUE(isText(seen, kBackdrop, "100", 106, 470, fonts.fontTiny, kScale));
+    EXPECT_TRUE(isText(seen, kBackdrop, "1000 Hz", 102 + 556 - 52, 470, fonts.fontTiny, kScale));
+}
+
+TEST_F(Spectrum, TheScaleIsWholeAndClearOfTheGrip) {
+    screen.clear(kBackdrop);
+    drawSpectrum(context, kBody, *state, 0.0f);  // not clipped: what the body would cut off shows
+    const Picture seen = picture();
+    for (int y = kBody.y + kBody.h; y < seen.h; ++y) {
+        for (int x = 0; x < seen.w; ++x)
+            ASSERT_EQ(seen.at(x, y), kBackdrop) << x << ", " << y << " lies below the body";
+    }
+    for (const SDL_Rect& frame : {SDL_Rect{100, 100, 560, 380}, SDL_Rect{100, 100, 200, 150}}) {
+        const PanelLayout panel = panelLayout({.open = true, .rect = frame}, 800, 600);
+        const SpectrumLayout layout = spectrumLayout(panel.body);
+        const SDL_Point size = measureText(fonts.fontTiny, "1000 Hz");
+        EXPECT_GT(size.x, 20);
+        EXPECT_LE(layout.highLabel.x + size.x, panel.corner.x);
+        EXPECT_GT(layout.highLabel.x, layout.lowLabel.x + size.x);
+    }
 }
 
 TEST_F(Spectrum, TheScaleLiesOverTheLandscape) {
@@ -149,7 +167,7 @@ TEST_F(Spectrum, TheScaleLiesOverTheLandscape) {
     context.fonts = &none;
     const Picture below = drawFreely();
     EXPECT_GT(below.at(108, 471).r, 200) << "the glow reaches below the near edge";
-    EXPECT_TRUE(isText(seen, below, "100", 106, 470, fonts.fontLabel, kScale));
+    EXPECT_TRUE(isText(seen, below, "100", 106, 470, fonts.fontTiny, kScale));
 }
 
 TEST_F(Spectrum, OnlyTheBodyIsTouched) {

@@ -3,13 +3,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <span>
 
 #include "base/fixed_text.h"
+#include "base/whole_file.h"
 #include "frequency/tables.h"
 #include "platform/dialogs.h"
-#include "platform/files.h"
 #include "views/scene/geometry/fold.h"
 #include "views/scene/geometry/kathara_geometry.h"
 
@@ -124,11 +123,7 @@ std::string katharaObjText(bool teslaCoordinates) {
 
 bool exportKatharaObj(const std::string& path, bool teslaCoordinates) {
     const std::string text = katharaObjText(teslaCoordinates);
-    platform::FileHandle file = platform::openFile(path, "wb");
-    if (!file) return false;
-    const bool written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
-    // A full disk often shows only when the last buffer goes out.
-    return std::fclose(file.release()) == 0 && written;
+    return writeWholeFile(path, text.data(), text.size());
 }
 
 bool exportKatharaObjDialog(bool teslaCoordinates) {

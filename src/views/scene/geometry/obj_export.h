@@ -9,7 +9,7 @@ namespace veloria {
 // The whole file. Numbers have a point whatever the locale.
 [[nodiscard]] std::string katharaObjText(bool teslaCoordinates);
 
-// Writes it. False when the file cannot be opened or not be written to its end; a partial file stays.
+// Writes it. False when it cannot be written to its end: what stood at the path before is there still.
 [[nodiscard]] bool exportKatharaObj(const std::string& path, bool teslaCoordinates);
 
 // Asks for the file's name and writes it. False when the user cancels or the file cannot be written, which is

@@ -1,0 +1,16 @@
+// Ending a run from outside so that nothing half done is left behind.
+#pragma once
+
+namespace veloria::cli {
+
+// From here on the first request to end (Ctrl+C, a closed terminal, SIGTERM) is only noted, for interrupted;
+// a second one ends the program at once.
+void noteInterrupts();
+
+// True once the run is to end. Any thread.
+[[nodiscard]] bool interrupted();
+
+// Ends the program by the signal that asked for it, so that a shell knows; returns when none did.
+void endIfInterrupted();
+
+}  // namespace veloria::cli
