@@ -6,12 +6,12 @@
 #include "spectral/block.h"
 #include "spectral/fast_block.h"
 #include "spectral/time_domain.h"
-#include "spectral/twiddles.h"
 
 namespace veloria {
 
 void SacredFft::Init() {
-    static_cast<void>(transformTables());
+    // Makes the transform's tables and chooses the instruction set now, and not in a callback.
+    forwardBlock(*this);
     fillBinTables(*this);
 }
 
