@@ -20,7 +20,7 @@ build_packages=(
 )
 test_packages=(
   libgtest-dev libbenchmark-dev libpng-dev clang-format g++-mingw-w64-x86-64 clang libclang-rt-14-dev
-  xdotool openbox x11-utils imagemagick dbus-x11 python3-minimal adwaita-icon-theme librsvg2-common parallel
+  xdotool openbox x11-utils imagemagick dbus-x11 python3-minimal shellcheck adwaita-icon-theme librsvg2-common parallel
 )
 
 packages=("${build_packages[@]}")
@@ -66,8 +66,10 @@ fetch_minimp3() (
   digest="$(openssl dgst -sha512 -binary "$archive" | base64 -w0)" || fail "$name: its digest could not be taken"
   [ "$digest" = "$minimp3_sha512" ] || fail "$name: the package's digest is not the pinned one; nothing was unpacked"
   tar -xzf "$archive" -C "$work" package/lib/minimp3.h package/LICENSE || fail "$name could not be unpacked"
-  mkdir -p .deps/minimp3 && cp "$work/package/LICENSE" .deps/minimp3/LICENSE &&
-    cp "$work/package/lib/minimp3.h" .deps/minimp3/minimp3.h || fail "$name could not be written to .deps/minimp3"
+  if ! mkdir -p .deps/minimp3 || ! cp "$work/package/LICENSE" .deps/minimp3/LICENSE ||
+    ! cp "$work/package/lib/minimp3.h" .deps/minimp3/minimp3.h; then
+    fail "$name could not be written to .deps/minimp3"
+  fi
 )
 
 if [ -n "$(system_minimp3)" ]; then

@@ -40,9 +40,11 @@ expect_failure() {
   echo "passed:$1"
 }
 
+# shellcheck disable=SC2016  # the stand-ins see their own arguments
 stand_in npm <<<'[ "$1" = config ] && echo https://registry.example/ && exit; exit 1'
 expect_failure " could not be fetched from the npm registry (https://registry.example/)"
 
+# shellcheck disable=SC2016
 stand_in npm <<<'[ "$1" = config ] && exit 1; echo "npm ERR! network" >&2; exit 7'
 expect_failure " could not be fetched from the npm registry"
 grep -qF 'npm ERR! network' "$work/said" || fail "npm's own reason is not shown"

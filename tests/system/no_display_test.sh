@@ -23,7 +23,7 @@ fail() {
   exit 1
 }
 gone() { ! kill -0 "$pid" 2>/dev/null; }
-maps_fonts() { grep -q '[.]ttf' "/proc/$pid/maps" || ls -l "/proc/$pid/fd" | grep -q '[.]ttf'; }
+maps_fonts() { grep -q '[.]ttf' "/proc/$pid/maps" || readlink "/proc/$pid/fd/"* | grep -q '[.]ttf'; }
 
 # start: the program in the background, in a folder of its own.
 start() {
