@@ -52,7 +52,10 @@ class AudioThread : public ::testing::Test {
     void SetUp() override {
         SDL_SetMainReady();
         ASSERT_EQ(SDL_Init(SDL_INIT_AUDIO), 0) << SDL_GetError();
-        folder = std::filesystem::path(::testing::TempDir()) / "veloria_threads";
+        // Of this test alone: others may run beside it.
+        folder = std::filesystem::path(::testing::TempDir()) /
+                 ("veloria_threads_" +
+                  std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
         std::filesystem::create_directories(folder);
         fillHannWindow(instrument->retuner);
         instrument->retuner.Init();
