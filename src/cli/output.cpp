@@ -18,8 +18,7 @@ void renderBlock(Session& session, std::size_t frames, Block& block) {
 
 bool writeBlock(const Block& block, std::size_t frames, WavFile& file) {
     std::array<std::int16_t, 2 * kBlockFrames> samples;
-    const auto end = block.begin() + static_cast<std::ptrdiff_t>(2 * frames);
-    std::transform(block.begin(), end, samples.begin(), toSample16);
+    toSamples16({block.data(), 2 * frames}, samples.data());
     return file.write({samples.data(), 2 * frames});
 }
 

@@ -9,6 +9,7 @@
 #include <optional>
 #include <type_traits>
 
+#include "base/large_pages.h"
 #include "base/little_endian.h"
 #include "media/pcm_stream.h"
 #include "media/resample.h"
@@ -152,6 +153,7 @@ void decodeFrames(const WavLayout& layout, DecodedAudio& audio) {
     // Floats take 4 bytes whatever the bits of a sample say, so this can be fewer than the frames of the data
     // size.
     const std::uint64_t whole = std::min(audio.frames, layout.data.size() / (channels * Value::kBytes));
+    reserveLarge(audio.samples, static_cast<std::size_t>(std::min(audio.frames, whole + 2)));
     audio.samples.resize(static_cast<std::size_t>(whole));
     const std::uint8_t* at = layout.data.data();
     if (channels == 1) {

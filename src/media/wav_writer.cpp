@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <cmath>
 
 namespace veloria {
 
@@ -52,9 +51,20 @@ std::uint32_t dataSizeOf(std::uint64_t frames) {
 }  // namespace
 
 std::int16_t toSample16(float value) {
-    const double scaled = static_cast<double>(value) * 32000.0;
-    if (std::isnan(scaled)) return 0;
-    return static_cast<std::int16_t>(std::clamp(scaled, -32768.0, 32767.0));
+    std::int16_t sample = 0;
+    toSamples16({&value, 1}, &sample);
+    return sample;
+}
+
+void toSamples16(std::span<const float> values, std::int16_t* out) {
+    // Plain comparisons, which come out as vectors; what is no number fails the first and becomes 0.
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const double scaled = static_cast<double>(values[i]) * 32000.0;
+        const double number = scaled == scaled ? scaled : 0.0;
+        const double low = number > -32768.0 ? number : -32768.0;
+        const double held = low < 32767.0 ? low : 32767.0;
+        out[i] = static_cast<std::int16_t>(static_cast<std::int32_t>(held));
+    }
 }
 
 WavFile::WavFile(const std::string& path, std::uint64_t frames) : file_(path), promised_(frames) {

@@ -15,6 +15,9 @@ inline constexpr std::uint64_t kMaxWavFrames = (0xFFFFFFFFull - 36) / 4;
 // A sample times 32000, truncated, held to -32768 to 32767: full scale comes to 32000.
 [[nodiscard]] std::int16_t toSample16(float value);
 
+// The same for each of `values`, into as many places from `out` on.
+void toSamples16(std::span<const float> values, std::int16_t* out);
+
 // For a file whose length shows only when it is made.
 inline constexpr std::uint64_t kUnknownFrames = ~std::uint64_t{0};
 

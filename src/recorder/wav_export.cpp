@@ -116,8 +116,7 @@ RenderOutcome renderFrames(SynthEngine& engine, WaitingVoices& waiting, std::siz
     for (std::size_t done = 0; done < frames; done += kProgressFrames) {
         const std::size_t count = std::min(kProgressFrames, frames - done);
         renderBlock(engine, waiting, count, block.data());
-        std::transform(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(2 * count), samples.begin(),
-                       toSample16);
+        toSamples16({block.data(), 2 * count}, samples.data());
         if (!sink({samples.data(), 2 * count})) return RenderOutcome::NotWritten;
         if (progress && !progress(static_cast<float>(done) / static_cast<float>(frames))) {
             return RenderOutcome::Cancelled;

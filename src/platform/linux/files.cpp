@@ -9,6 +9,8 @@
 #include <exception>
 #include <limits>
 
+#include "base/large_pages.h"
+
 namespace veloria::platform {
 
 namespace {
@@ -29,6 +31,7 @@ struct Descriptor {
 // The kernel's own files report a size of 0 and a file may grow meanwhile, so the end is where reading ends.
 bool readUpTo(int descriptor, std::size_t expected, std::size_t most, std::vector<std::uint8_t>& bytes) {
     // The one more byte finds the end without a second growth.
+    reserveLarge(bytes, std::min(expected + 1, most));
     bytes.resize(std::min(expected + 1, most));
     std::size_t filled = 0;
     while (filled < most) {
