@@ -161,6 +161,7 @@ int runBatch(const Options& options) {
     const std::vector<BatchFile> files = planBatch(options, error);
     if (!error.empty()) return misused(error);
     if (!makeFolder(options.outDir)) return fail(options.outDir, "is no folder and cannot be made one");
+    noteLostReaders();
     Batch batch{options, files, {options, files.size()}, {}, std::vector<char>(files.size())};
     workTogether(batch, jobsFor(options, files.size()));
     endProgress(batch.bar);

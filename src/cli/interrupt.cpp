@@ -10,23 +10,37 @@ namespace {
 std::atomic<int> g_signal{0};
 static_assert(std::atomic<int>::is_always_lock_free, "it is written in a signal handler");
 
-void note(int signal) {
+// A second Ctrl+C ends the program at once: whoever waits at a terminal may have lost patience.
+void noteFirst(int signal) {
     g_signal.store(signal, std::memory_order_relaxed);
     std::signal(signal, SIG_DFL);
 }
 
+// The others come in twos: timeout tells the program and then its whole group, and of a lost reader each line
+// that some thread has still to write tells again.
+void noteEach(int signal) {
+    g_signal.store(signal, std::memory_order_relaxed);
+    std::signal(signal, noteEach);
+}
+
 // A signal that whoever started us had switched off (nohup does) stays so.
-void noteOne(int signal) {
-    if (std::signal(signal, note) == SIG_IGN) std::signal(signal, SIG_IGN);
+void handle(int signal, void (*handler)(int)) {
+    if (std::signal(signal, handler) == SIG_IGN) std::signal(signal, SIG_IGN);
 }
 
 }  // namespace
 
 void noteInterrupts() {
-    noteOne(SIGINT);
-    noteOne(SIGTERM);
+    handle(SIGINT, noteFirst);
+    handle(SIGTERM, noteEach);
 #ifdef SIGHUP
-    noteOne(SIGHUP);
+    handle(SIGHUP, noteEach);
+#endif
+}
+
+void noteLostReaders() {
+#ifdef SIGPIPE
+    handle(SIGPIPE, noteEach);
 #endif
 }
 

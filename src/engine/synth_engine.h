@@ -42,7 +42,7 @@ struct SynthEngine : GlobalSettings {
     std::array<bool, kShadowIndexCount> shadowHeld{};
 
     // What renderStereoBlock worked out for the voices at the same places of the list. It belongs to the
-    // renderer; a table that does not fit its voice is built anew.
+    // renderer; a table that does not fit its voice is built anew. Grows with the list's room (growVoices).
     std::vector<PartialTable> partialTables{kVoiceFigure + 1};
     std::vector<Voice> voices;  // order is not stable: an ended voice's place is taken by the last
     std::array<ChannelState, kChannelCount> channels;

@@ -9,9 +9,12 @@ namespace veloria {
 
 bool growVoices(SynthEngine& engine) {
     std::vector<Voice> grown;
+    std::vector<PartialTable> tables;
     try {
         // The capacity is this thread's alone; the size may be shrinking under the renderer's hand.
         grown.reserve(std::max<std::size_t>(2 * engine.voices.capacity(), kVoiceFigure));
+        // Voices that share a table build it anew in every sub-block, at eighteen times the cost.
+        tables.resize(grown.capacity() + 1);
     } catch (const std::bad_alloc&) {
         return false;
     }
@@ -19,6 +22,7 @@ bool growVoices(SynthEngine& engine) {
         const AudioLock lock;
         grown.assign(engine.voices.begin(), engine.voices.end());
         engine.voices.swap(grown);
+        engine.partialTables.swap(tables);  // empty ones: filling them once is shorter than copying here
     }
     return true;  // the old list's memory goes here, with the callback running again
 }

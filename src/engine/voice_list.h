@@ -6,7 +6,8 @@
 
 namespace veloria {
 
-// Doubles the room of the list. False when there is no memory; the list is as it was then.
+// Doubles the room of the list and of what the renderer keeps for it. False when there is no memory; the list
+// is as it was then.
 [[nodiscard]] bool growVoices(SynthEngine& engine);
 
 // Begins `voice` now, for `duration` (s), with the next running number; startTime, endTime and id are set

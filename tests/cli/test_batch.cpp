@@ -164,6 +164,7 @@ TEST_F(Batch, ARunThatIsEndedLeavesNothingHalfDone) {
     track.endOfTrack();
     for (const char* name : {"a.mid", "b.mid", "c.mid"})
         write(name, test::midiFile(480, {track}));
+    // timeout tells the tool twice: itself, and then as one of its group.
     const std::string command =
         "cd '" + folder.string() +
         "' && timeout -s TERM 0.3 '" VELORIA_CLI
@@ -172,6 +173,23 @@ TEST_F(Batch, ARunThatIsEndedLeavesNothingHalfDone) {
     EXPECT_EQ(WEXITSTATUS(status), 124) << "it was still at work";
     ASSERT_TRUE(fs::exists(folder / "out"));
     EXPECT_EQ(filesIn("out"), 0u);
+}
+
+TEST_F(Batch, ALostReaderOfItsLinesLeavesNothingHalfDone) {
+    test::MidiTrack track;
+    track.on(0, 0, 60, 100).off(20000 * 960, 0, 60).endOfTrack();  // more than five hours
+    write("long.mid", test::midiFile(480, {track}));
+    song("a.mid", 60);
+    song("b.mid", 61);
+    const std::string command = "cd '" + folder.string() +
+                                "' && { sleep 0.2; '" VELORIA_CLI
+                                "' render long.mid a.mid b.mid --out-dir out --jobs 3 2>/dev/null;"
+                                " echo $? >status; } | true";
+    ASSERT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(test::readText(folder / "status"), "141\n") << "ended by SIGPIPE";
+    for (const auto& entry : fs::directory_iterator(folder / "out"))
+        EXPECT_EQ(entry.path().extension(), ".wav") << entry.path();
+    EXPECT_FALSE(fs::exists(folder / "out/long.wav"));
 }
 
 // The manual's own lines, with this machine alone and the tool in the path.
