@@ -2,6 +2,7 @@
 #pragma once
 
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdint>
 #include <cstdlib>
@@ -26,13 +27,14 @@ inline std::string readText(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// A folder of the running test's own, removed at its end.
+// A folder of the running test's own, removed at its end. The same test may run in another checkout just now.
 class ToolTest : public ::testing::Test {
   protected:
     void SetUp() override {
         const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
         folder = std::filesystem::path(::testing::TempDir()) /
-                 (std::string("veloria_cli_") + info->test_suite_name() + "_" + info->name());
+                 (std::string("veloria_cli_") + info->test_suite_name() + "_" + info->name() + "_" +
+                  std::to_string(getpid()));
         std::filesystem::remove_all(folder);
         std::filesystem::create_directories(folder);
     }
