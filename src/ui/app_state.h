@@ -78,6 +78,7 @@ struct AppState {
     WindowLayout layout;  // of the last frame, by layOutWindow; what the events are tested against
     HitRects hits;
     HeldControls held;
+    bool combination = false;  // Ctrl, Alt or the system key was held at the last key event
 
     std::vector<Widget> widgets;
     std::int32_t viewMode = 0;                         // ViewMode: tab of the left panel

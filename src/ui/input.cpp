@@ -46,7 +46,7 @@ PointerEvent pointerEvent(const SDL_Event& event) {
 
 void handleEvent(AppState& app, const SDL_Event& event) {
     renderMemoryEvent(app, event);
-    if (!app.sizes.layoutReady) return;
+    if (!app.sizes.layoutReady || combinationTextEvent(app, event)) return;
     const PointerEvent pointer = pointerEvent(event);
     // Before anyone takes the press: what is left by it is left whoever that is.
     if (pointer.leftDown) {

@@ -217,10 +217,16 @@ bool leftPanelWheelEvent(AppState& app, const SDL_Event& event, const PointerEve
     return true;
 }
 
+bool combinationTextEvent(AppState& app, const SDL_Event& event) {
+    const bool key = event.type == SDL_KEYDOWN || event.type == SDL_KEYUP;
+    if (key) app.combination = isCombination(event.key.keysym.mod);
+    return event.type == SDL_TEXTINPUT && app.combination;
+}
+
 bool keyEvent(AppState& app, const SDL_Event& event) {
     if (event.type != SDL_KEYDOWN) return false;
     // A combination is another key, and of these none has a meaning here.
-    if ((event.key.keysym.mod & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) != 0) return true;
+    if (isCombination(event.key.keysym.mod)) return true;
     switch (event.key.keysym.sym) {
         case SDLK_1:
             app.engine->midiTuningMode = 0;

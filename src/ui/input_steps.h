@@ -20,6 +20,15 @@ struct PointerEvent {
 // Floating panels: the resize that is under way, then the panel under a press, then drags and releases.
 bool panelsEvent(AppState& app, const SDL_Event& event, const PointerEvent& pointer);
 
+// Is a key with these modifiers part of a combination: not the letter, the digit or the sign that it types?
+[[nodiscard]] constexpr bool isCombination(std::uint16_t modifiers) {
+    return (modifiers & (KMOD_CTRL | KMOD_ALT | KMOD_GUI)) != 0;
+}
+
+// What a combination's key would have typed. The text says nothing of its modifiers, and the keyboard may be
+// farther on than the events: the key events before it are what tells.
+bool combinationTextEvent(AppState& app, const SDL_Event& event);
+
 // What the renderer kept in the graphics card's memory is gone. Never takes the event.
 void renderMemoryEvent(AppState& app, const SDL_Event& event);
 

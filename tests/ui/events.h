@@ -61,6 +61,14 @@ class InputTest : public AppTest {
         event.key.repeat = repeat ? 1 : 0;
         handleEvent(app, event);
     }
+    void keyUp(SDL_Keycode code, Uint16 modifiers = KMOD_NONE) {
+        SDL_Event event;
+        SDL_zero(event);
+        event.type = SDL_KEYUP;
+        event.key.keysym.sym = code;
+        event.key.keysym.mod = modifiers;
+        handleEvent(app, event);
+    }
     void type(const char* text) {
         SDL_Event event;
         SDL_zero(event);

@@ -324,6 +324,34 @@ TEST_F(RecorderInputTest, OnlyOneFieldIsTypedIntoAtATime) {
     EXPECT_FALSE(app.calculator.calcEditing);
 }
 
+TEST_F(RecorderInputTest, ACombinationTypesNothingIntoAField) {
+    const SDL_Rect& area = app.layout.recorder;
+    const auto typeAll = [this] {
+        for (const Uint16 held : {KMOD_LCTRL, KMOD_LALT, KMOD_RGUI}) {
+            key(SDLK_6, false, held);
+            type("6");
+            keyUp(SDLK_6, held);
+            type("6");  // of a key that is still repeating
+            keyUp(SDLK_LALT);
+            type("8");  // as an input method gives it, without a key
+        }
+        key(SDLK_5, false, KMOD_LSHIFT);
+        type("5");
+    };
+    click(area.x + 140, area.y + 34);  // the range's start
+    ASSERT_TRUE(isEditingRange(app.recorder));
+    app.recorder.rangeText.clear();
+    typeAll();
+    EXPECT_EQ(app.recorder.rangeText, "8885");
+    toggleCalculator(app.calculator);
+    frame();
+    click(app.calculator.calcRect.x + 50, app.calculator.calcRect.y + 40);
+    ASSERT_TRUE(app.calculator.calcEditing);
+    app.calculator.calcText.clear();
+    typeAll();
+    EXPECT_EQ(app.calculator.calcText, "8885");
+}
+
 TEST_F(RecorderInputTest, ThePanelTakesItsClicksFromWhatLiesBeneath) {
     app.viewMode = kFxTab;
     frame();
