@@ -3,6 +3,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <thread>
 #include <utility>
@@ -28,7 +29,10 @@ BoundedThread::BoundedThread() : m_queue(std::make_shared<Queue>()) {
                 const Job job = std::move(queue->jobs.front());
                 queue->jobs.pop_front();
                 lock.unlock();
-                job();
+                try {
+                    job();
+                } catch (const std::exception&) {  // no memory: its giver finds nothing written
+                }
             }
             lock.lock();
             ++queue->done;

@@ -23,7 +23,8 @@ class BoundedThread {
 
     void post(Job job);
 
-    // True when the job was carried out within the limit; what it wrote may be read then, and only then.
+    // True when the job was carried out within the limit; what it wrote may be read then, and only then. One
+    // that throws has been carried out as far as it came.
     [[nodiscard]] bool run(Job job, std::chrono::milliseconds limit);
 
   private:
