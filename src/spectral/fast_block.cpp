@@ -63,8 +63,8 @@ void measurePolar(SacredFft& retuner) {
     auto& phases = retuner.fast.phase;
     magnitudes[0] = std::hypot(bins.real()[0], bins.imag()[0]);
     phases[0] = std::atan2(bins.imag()[0], bins.real()[0]);
-    magnitudesOf(&bins.real()[1], &bins.imag()[1], kMovable, &magnitudes[1], retuner.fast.doubts,
-                 retuner.fast.moreDoubts);
+    magnitudesOf(&bins.real()[1], &bins.imag()[1], kMovable, &magnitudes[1],
+                 transformTables().hypotIsCorrectedRoot, retuner.fast.doubts, retuner.fast.moreDoubts);
     anglesOf(&bins.real()[1], &bins.imag()[1], kMovable, &phases[1], retuner.fast.doubts);
 }
 
@@ -130,7 +130,11 @@ void synthesise(SacredFft& retuner, const double* magnitudes, const double* phas
     using V = hn::Vec<decltype(d)>;
     double* sines = retuner.fast.input.imag();
     double* cosines = retuner.fast.input.real();
-    sinesOf(phases + 1, kMovable, sines, cosines, retuner.fast.doubts, retuner.fast.moreDoubts);
+    sinesOf(phases + 1, kMovable, sines, cosines, retuner.fast.doubts, retuner.fast.moreDoubts,
+            [&](std::size_t i) {
+                const V magnitude = hn::LoadU(d, magnitudes + 1 + i);
+                return hn::And(hn::Gt(magnitude, hn::Zero(d)), hn::Ge(magnitude, hn::Set(d, silent)));
+            });
     double* out = reinterpret_cast<double*>(retuner.shifted.data());
     for (std::size_t k = 1; k < kBinCount; k += hn::Lanes(d)) {
         const V magnitude = hn::LoadU(d, magnitudes + k);
@@ -185,15 +189,24 @@ HWY_INLINE void forPeaks(const std::array<double, kBinCount>& values, double thr
 // they can decide: of what may be the largest, of what may be a peak, and of its neighbours.
 constexpr double kAlmost = 1.0 - 1e-14;
 
+// magnitudeOf, by the vector's arithmetic where that is the library's: it has no branches to guess at.
+HWY_INLINE double exactMagnitude(std::complex<double> value) {
+    const hn::CappedTag<double, 1> d;
+    if (!transformTables().hypotIsCorrectedRoot) return magnitudeOf(value);
+    const auto result = magnitudeCorrected(d, hn::Set(d, value.real()), hn::Set(d, value.imag()));
+    if (HWY_LIKELY(hn::AllFalse(d, result.doubtful))) return hn::GetLane(result.value);
+    return magnitudeOf(value);
+}
+
 double exactLargest(const SacredFft& retuner, const std::array<double, kBinCount>& magnitudes) {
     const hn::ScalableTag<double> d;
     const double least = largestOf(magnitudes) * kAlmost;
-    double largest = magnitudeOf(retuner.shifted[0]);
+    double largest = exactMagnitude(retuner.shifted[0]);
     for (std::size_t k = 1; k < kBinCount; k += hn::Lanes(d)) {
         const auto high = hn::Ge(hn::LoadU(d, &magnitudes[k]), hn::Set(d, least));
         if (HWY_LIKELY(hn::AllFalse(d, high))) continue;
         forLanes(bitsOf(d, high), [&](std::size_t lane) {
-            largest = std::max(largest, magnitudeOf(retuner.shifted[k + lane]));
+            largest = std::max(largest, exactMagnitude(retuner.shifted[k + lane]));
         });
     }
     return largest;
@@ -207,12 +220,12 @@ void collectPeaksFast(SacredFft& retuner, const std::array<double, kBinCount>& m
     auto& bins = retuner.fast.peakBins;
     std::size_t count = 0;
     forPeaks(magnitudes, threshold, kAlmost, [&](std::size_t k) {
-        exact[k] = magnitudeOf(retuner.shifted[k]);
+        exact[k] = exactMagnitude(retuner.shifted[k]);
         const double around = std::max(magnitudes[k - 1], magnitudes[k + 1]);
         bool peak = exact[k] > threshold;
         if (!(magnitudes[k] * kAlmost > around)) {
-            exact[k - 1] = magnitudeOf(retuner.shifted[k - 1]);
-            exact[k + 1] = magnitudeOf(retuner.shifted[k + 1]);
+            exact[k - 1] = exactMagnitude(retuner.shifted[k - 1]);
+            exact[k + 1] = exactMagnitude(retuner.shifted[k + 1]);
             peak = isPeak(exact, k, threshold);
         }
         if (peak) bins[count++] = static_cast<std::int32_t>(k);
@@ -315,15 +328,17 @@ void wholeBlock(SacredFft& retuner, const RetunerSettings& settings) {
     inverseAndOverlap(retuner);
 }
 
-void polarLoop(const double* real, const double* imag, std::size_t count, PolarResult out, DoubtBits& doubts,
-               DoubtBits& moreDoubts) {
-    magnitudesOf(real, imag, count, out.magnitudes, doubts, moreDoubts);
+void polarLoop(const double* real, const double* imag, std::size_t count, bool hypotIsCorrectedRoot,
+               PolarResult out, DoubtBits& doubts, DoubtBits& moreDoubts) {
+    magnitudesOf(real, imag, count, out.magnitudes, hypotIsCorrectedRoot, doubts, moreDoubts);
     anglesOf(real, imag, count, out.phases, doubts);
 }
 
 void sineLoop(const double* angles, std::size_t count, SineResult out, DoubtBits& doubts,
               DoubtBits& moreDoubts) {
-    sinesOf(angles, count, out.sines, out.cosines, doubts, moreDoubts);
+    const hn::ScalableTag<double> d;
+    sinesOf(angles, count, out.sines, out.cosines, doubts, moreDoubts,
+            [&](std::size_t) { return hn::Eq(hn::Zero(d), hn::Zero(d)); });
 }
 
 }  // namespace HWY_NAMESPACE
@@ -349,9 +364,9 @@ void forwardBlock(SacredFft& retuner) {
     HWY_DYNAMIC_DISPATCH(forwardOfInput)(retuner);
 }
 
-void polarValues(const double* real, const double* imag, std::size_t count, PolarResult out,
-                 DoubtBits& doubts, DoubtBits& moreDoubts) {
-    HWY_DYNAMIC_DISPATCH(polarLoop)(real, imag, count, out, doubts, moreDoubts);
+void polarValues(const double* real, const double* imag, std::size_t count, bool hypotIsCorrectedRoot,
+                 PolarResult out, DoubtBits& doubts, DoubtBits& moreDoubts) {
+    HWY_DYNAMIC_DISPATCH(polarLoop)(real, imag, count, hypotIsCorrectedRoot, out, doubts, moreDoubts);
 }
 
 void sinesAndCosines(const double* angles, std::size_t count, SineResult out, DoubtBits& doubts,

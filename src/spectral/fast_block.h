@@ -22,8 +22,10 @@ struct PolarResult {
 };
 
 // Magnitude and phase of the `count` values real[i], imag[i]; `count` is a multiple of 64, at most 2048.
-void polarValues(const double* real, const double* imag, std::size_t count, PolarResult out,
-                 DoubtBits& doubts, DoubtBits& moreDoubts);
+// `hypotIsCorrectedRoot` as the transform's tables have it; false, which asks the library where in doubt,
+// holds with any.
+void polarValues(const double* real, const double* imag, std::size_t count, bool hypotIsCorrectedRoot,
+                 PolarResult out, DoubtBits& doubts, DoubtBits& moreDoubts);
 
 struct SineResult {
     double* sines;

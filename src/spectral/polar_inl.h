@@ -134,6 +134,31 @@ HWY_INLINE Magnitude<D> magnitudeExact(D d, V x, V y) {
     return {result, hn::Gt(small, times(0.5773502691896258))};
 }
 
+// hypot(x, y) for a library whose square root of the squares is put right by what it misses, as
+// hypotIsCorrectedRoot finds out: every step with its operands, so that there is nothing to be in doubt about
+// but sizes that the library scales first.
+template <class D, class V = hn::Vec<D>>
+HWY_INLINE Rounded<D> magnitudeCorrected(D d, V x, V y) {
+    const V two = hn::Set(d, 2.0);
+    const V large = hn::Max(hn::Abs(x), hn::Abs(y));
+    const V small = hn::Min(hn::Abs(x), hn::Abs(y));
+    const V root = hn::Sqrt(hn::Add(hn::Mul(x, x), hn::Mul(y, y)));
+    const auto diagonal = hn::Le(root, hn::Mul(two, small));
+    // root^2 - large^2 - small^2, in the two products that lose least.
+    const V apart = hn::Sub(root, hn::IfThenElse(diagonal, small, large));
+    const V twice = hn::Mul(two, apart);
+    const V gap = hn::Sub(large, hn::IfThenElse(diagonal, small, hn::Mul(two, small)));
+    const V first =
+        hn::Mul(hn::IfThenElse(diagonal, large, twice), hn::IfThenElse(diagonal, hn::Sub(twice, large), gap));
+    const V near = hn::Mul(hn::Sub(apart, hn::Mul(two, gap)), apart);
+    const V far = hn::Add(hn::Mul(hn::Sub(hn::Mul(two, twice), small), small), hn::Mul(apart, apart));
+    const V missed = hn::Add(first, hn::IfThenElse(diagonal, near, far));
+    const V value = hn::Sub(root, hn::Div(missed, hn::Mul(two, root)));
+    const auto silent = hn::Eq(large, hn::Zero(d));  // exact, where the correction is 0 / 0
+    const auto usual = hn::And(hn::Ge(root, hn::Set(d, 1e-30)), hn::Le(root, hn::Set(d, 1e30)));
+    return {hn::IfThenZeroElse(silent, value), hn::Not(hn::Or(silent, usual))};
+}
+
 // The number of the nearest row of a table, for values from 0 to 2^20 at most: the magic number pushes the
 // fraction out of the mantissa.
 template <class V>
@@ -148,16 +173,54 @@ HWY_INLINE TableRow<V> nearestRow(D d, V value) {
     return {hn::Sub(numbered, magic), numbered};
 }
 
+#if HWY_TARGET == HWY_AVX3 || HWY_TARGET == HWY_AVX3_DL
+#define VELORIA_LOOKUP_IN_VECTORS 1
+
+// Of 16 values in two vectors those of the low four bits of `index`.
+HWY_INLINE hn::Vec512<double> choose16(const double* table, hn::Vec512<std::int64_t> index) {
+    const hn::Full512<double> d;
+    return hn::Vec512<double>{
+        _mm512_permutex2var_pd(hn::Load(d, table).raw, index.raw, hn::Load(d, table + 8).raw)};
+}
+
+HWY_INLINE hn::Vec512<std::int64_t> choose16(const std::int64_t* table, hn::Vec512<std::int64_t> index) {
+    const hn::Full512<std::int64_t> d;
+    return hn::Vec512<std::int64_t>{
+        _mm512_permutex2var_epi64(hn::Load(d, table).raw, index.raw, hn::Load(d, table + 8).raw)};
+}
+#else
+#define VELORIA_LOOKUP_IN_VECTORS 0
+#endif
+
+// The values of an aligned table of 64 at `index`, 0 to 63. Where a vector holds eight, choosing among 16
+// values at a time comes sooner than eight loads.
+template <class D, class T, class VI>
+HWY_INLINE hn::Vec<D> lookUp(D d, const T* table, VI index) {
+#if VELORIA_LOOKUP_IN_VECTORS
+    if constexpr (hn::MaxLanes(D()) == 8) {
+        const hn::RebindToSigned<D> di;
+        const auto odd = hn::RebindMask(d, hn::TestBit(index, hn::Set(di, 16)));
+        const auto upper = hn::RebindMask(d, hn::TestBit(index, hn::Set(di, 32)));
+        const auto first = hn::IfThenElse(odd, choose16(table + 16, index), choose16(table, index));
+        const auto second = hn::IfThenElse(odd, choose16(table + 48, index), choose16(table + 32, index));
+        return hn::IfThenElse(upper, second, first);
+    }
+#endif
+    return hn::GatherIndex(d, table, index);
+}
+#undef VELORIA_LOOKUP_IN_VECTORS
+
 // atan(small / large) for 0 <= small <= large, as two parts: the nearest 64th is looked up and a short series
 // does the rest.
 template <class D, class V = hn::Vec<D>>
 HWY_INLINE TwoPart<V> arctangent(D d, const TransformTables& tables, V small, V large) {
     const hn::RebindToSigned<D> di;
-    const auto row = nearestRow(d, hn::Mul(hn::Mul(small, roughInverse(d, large)), hn::Set(d, 64.0)));
+    const V slope = hn::Mul(hn::Mul(small, roughInverse(d, large)), hn::Set(d, 64.0));
+    const auto row = nearestRow(d, hn::Min(slope, hn::Set(d, 63.0)));
     const V step = hn::Mul(row.whole, hn::Set(d, 1.0 / 64.0));
-    const auto index = hn::And(hn::BitCast(di, row.numbered), hn::Set(di, 127));
-    const V baseHigh = hn::GatherIndex(d, tables.arctanHigh.data(), index);
-    const V baseLow = hn::GatherIndex(d, tables.arctanLow.data(), index);
+    const auto index = hn::And(hn::BitCast(di, row.numbered), hn::Set(di, 63));
+    const V baseHigh = lookUp(d, tables.arctanHigh.data(), index);
+    const V baseLow = lookUp(d, tables.arctanLow.data(), index);
     // tan(angle - base) = (small - step large) / (large + step small)
     const auto over = exactProduct(d, step, large);
     const auto top = exactDifference(small, over.high);
@@ -222,11 +285,10 @@ HWY_INLINE SineCosine<D> sineCosineExact(D d, const TransformTables& tables, V a
     constexpr double kFarthest = 100000.0;  // the step count stays below 2^20
     const hn::RebindToSigned<D> di;
     const auto step = nearestRow(d, hn::Mul(angle, hn::Set(d, kStepsPerRadian)));
-    const auto sineRow = hn::And(hn::BitCast(di, step.numbered), hn::Set(di, 63));
-    const auto cosineRow = hn::Add(sineRow, hn::Set(di, 16));
-    const V s = hn::GatherIndex(d, tables.sineHigh.data(), sineRow);
-    const V c = hn::GatherIndex(d, tables.sineHigh.data(), cosineRow);
-    const auto lows = hn::GatherIndex(di, tables.lowParts.data(), sineRow);
+    const auto row = hn::And(hn::BitCast(di, step.numbered), hn::Set(di, 63));
+    const V s = lookUp(d, tables.sineHigh.data(), row);
+    const V c = lookUp(d, tables.sineHigh.data() + 16, row);  // a quarter turn on
+    const auto lows = lookUp(di, tables.lowParts.data(), row);
     const V sLow = hn::BitCast(d, hn::And(lows, hn::Set(di, static_cast<std::int64_t>(~0xFFFFFFFFULL))));
     const V cLow = hn::BitCast(d, hn::ShiftLeft<32>(lows));
     // What is left of the angle, within pi / 64, as two parts.

@@ -46,15 +46,23 @@ HWY_INLINE void askFor(const DoubtBits& doubts, std::size_t count, F exact) {
 // `count` is at most 2048, and a multiple of 64. The library goes two ways in its hypot, beside the diagonal
 // and far from it: asked for the one kind and then for the other, the processor foresees which.
 HWY_INLINE void magnitudesOf(const double* re, const double* im, std::size_t count, double* out,
-                             DoubtBits& doubts, DoubtBits& moreDoubts) {
+                             bool hypotIsCorrectedRoot, DoubtBits& doubts, DoubtBits& moreDoubts) {
     const hn::ScalableTag<double> d;
+    const auto ask = [&](std::size_t i) { out[i] = std::hypot(re[i], im[i]); };
+    if (hypotIsCorrectedRoot) {
+        for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
+            const auto result = magnitudeCorrected(d, hn::LoadU(d, re + i), hn::LoadU(d, im + i));
+            hn::StoreU(result.value, d, out + i);
+            noteDoubts(d, result.doubtful, i, doubts);
+        }
+        return askFor(doubts, count, ask);
+    }
     for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
         const auto result = magnitudeExact(d, hn::LoadU(d, re + i), hn::LoadU(d, im + i));
         hn::StoreU(result.rounded.value, d, out + i);
         noteDoubts(d, hn::And(result.rounded.doubtful, result.diagonal), i, doubts);
         noteDoubts(d, hn::AndNot(result.diagonal, result.rounded.doubtful), i, moreDoubts);
     }
-    const auto ask = [&](std::size_t i) { out[i] = std::hypot(re[i], im[i]); };
     askFor(doubts, count, ask);
     askFor(moreDoubts, count, ask);
 }
@@ -71,16 +79,18 @@ HWY_INLINE void anglesOf(const double* re, const double* im, std::size_t count, 
     askFor(doubts, count, [&](std::size_t i) { out[i] = std::atan2(im[i], re[i]); });
 }
 
+// `heard` tells for the vector that begins at a value in which lanes the last digit will matter.
+template <class F>
 HWY_INLINE void sinesOf(const double* angles, std::size_t count, double* sines, double* cosines,
-                        DoubtBits& ofSines, DoubtBits& ofCosines) {
+                        DoubtBits& ofSines, DoubtBits& ofCosines, F heard) {
     const hn::ScalableTag<double> d;
     const TransformTables& tables = transformTables();
     for (std::size_t i = 0; i < count; i += hn::Lanes(d)) {
         const auto result = sineCosineExact(d, tables, hn::LoadU(d, angles + i));
         hn::StoreU(result.sine.value, d, sines + i);
         hn::StoreU(result.cosine.value, d, cosines + i);
-        noteDoubts(d, result.sine.doubtful, i, ofSines);
-        noteDoubts(d, result.cosine.doubtful, i, ofCosines);
+        noteDoubts(d, hn::And(result.sine.doubtful, heard(i)), i, ofSines);
+        noteDoubts(d, hn::And(result.cosine.doubtful, heard(i)), i, ofCosines);
     }
     askFor(ofSines, count, [&](std::size_t i) { sines[i] = std::sin(angles[i]); });
     askFor(ofCosines, count, [&](std::size_t i) { cosines[i] = std::cos(angles[i]); });

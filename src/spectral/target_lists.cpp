@@ -23,15 +23,26 @@ void countMoves(TargetLists& lists) {
 void gatherShared(SacredFft& retuner) {
     const TargetLists& lists = retuner.fast.targets;
     BlockScratch& scratch = retuner.scratch;
-    for (std::size_t i = 0; i < lists.sharedBinCount; ++i) {
-        const auto k = static_cast<std::size_t>(lists.sharedBins[i]);
-        const double magnitude = scratch.magnitudes[k];
-        const std::size_t t = targetOf(retuner, k);
-        const bool stronger = magnitude > scratch.strongest[t];
-        scratch.sum[t] += magnitude;
-        // Chosen and not branched to: which bin is the stronger follows no pattern.
-        scratch.strongest[t] = stronger ? magnitude : scratch.strongest[t];
-        scratch.source[t] = stronger ? lists.sharedBins[i] : scratch.source[t];
+    // Neighbours mostly share their target: what it has so far waits in registers and not in memory.
+    for (std::size_t i = 0; i < lists.sharedBinCount;) {
+        const std::size_t t = targetOf(retuner, static_cast<std::size_t>(lists.sharedBins[i]));
+        double sum = scratch.sum[t];
+        double strongest = scratch.strongest[t];
+        std::int32_t source = scratch.source[t];
+        do {
+            const auto k = static_cast<std::size_t>(lists.sharedBins[i]);
+            const double magnitude = scratch.magnitudes[k];
+            const bool stronger = magnitude > strongest;
+            sum += magnitude;
+            // Chosen and not branched to: which bin is the stronger follows no pattern.
+            strongest = stronger ? magnitude : strongest;
+            source = stronger ? lists.sharedBins[i] : source;
+            ++i;
+        } while (i < lists.sharedBinCount &&
+                 targetOf(retuner, static_cast<std::size_t>(lists.sharedBins[i])) == t);
+        scratch.sum[t] = sum;
+        scratch.strongest[t] = strongest;
+        scratch.source[t] = source;
     }
 }
 

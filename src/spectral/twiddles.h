@@ -33,6 +33,9 @@ struct TransformTables {
     // The low parts of sine (upper half) and cosine i, each the upper half of a double: a low part needs few
     // digits, and so one lookup brings both.
     alignas(64) std::array<std::int64_t, 64> lowParts;
+    // Whether this C library's hypot is the square root of the squares less half of what its square exceeds
+    // them by over the root, in plain doubles: then it is worked out by the vector and never asked.
+    bool hypotIsCorrectedRoot;
 };
 
 // The tables, made at the first call, which SacredFft::Init does; from then on any thread.

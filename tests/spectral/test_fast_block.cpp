@@ -8,6 +8,7 @@
 
 #include "spectral/block.h"
 #include "spectral/transform.h"
+#include "spectral/twiddles.h"
 #include "tests/spectral/retuner_fixture.h"
 #include "tests/vector_targets.h"
 
@@ -230,7 +231,13 @@ std::vector<double> anyValues(std::size_t count, unsigned seed) {
     return values;
 }
 
-TEST(PolarValues, areTheLibrarysBitForBit) {
+// By either way to a magnitude: the one that this machine's library allows, and asking it where in doubt.
+class PolarValues : public testing::TestWithParam<bool> {};
+
+INSTANTIATE_TEST_SUITE_P(CorrectedOrAsked, PolarValues,
+                         testing::Values(transformTables().hypotIsCorrectedRoot, false));
+
+TEST_P(PolarValues, areTheLibrarysBitForBit) {
     constexpr std::size_t kCount = 2048;
     test::onEveryTarget([&] {
         DoubtBits doubts{}, moreDoubts{};
@@ -238,7 +245,8 @@ TEST(PolarValues, areTheLibrarysBitForBit) {
             const std::vector<double> x = anyValues(kCount, 2 * run);
             const std::vector<double> y = anyValues(kCount, 2 * run + 1);
             std::vector<double> magnitudes(kCount), phases(kCount);
-            polarValues(x.data(), y.data(), kCount, {magnitudes.data(), phases.data()}, doubts, moreDoubts);
+            polarValues(x.data(), y.data(), kCount, GetParam(), {magnitudes.data(), phases.data()}, doubts,
+                        moreDoubts);
             for (std::size_t i = 0; i < kCount; ++i) {
                 ASSERT_EQ(magnitudes[i], std::hypot(x[i], y[i])) << x[i] << ' ' << y[i];
                 const double phase = std::atan2(y[i], x[i]);
