@@ -6,6 +6,7 @@
 #include "base/file_place.h"
 #include "engine/audio_lock.h"
 #include "engine/vector_target.h"
+#include "media/midi_tuning.h"
 #include "platform/audio_device.h"
 #include "platform/message_box.h"
 
@@ -50,6 +51,7 @@ int run(AppState& app) {
     fillHannWindow(g_sacredFft);
     g_sacredFft.Init();
     fillSolfeggioRatio(g_sacredFft);
+    prepareMidiTuning();
     {
         const AudioLock lock;
         g_sacredFft.ResetStreams();

@@ -69,15 +69,24 @@ void report(Batch& batch, std::size_t index, const Fault& fault) {
     }
 }
 
-// Renders files until none is left.
+void renderAndReport(Batch& batch, std::size_t index) {
+    const Fault fault = renderOne(batch, index);
+    batch.failed[index] = fault.none() ? 0 : 1;
+    drawProgress(batch.bar, index, 1.0);
+    report(batch, index, fault);
+}
+
+// Renders files until none is left. Lets nothing out: it would end the program from a thread.
 void work(Batch& batch) {
     while (!interrupted()) {
         const std::size_t index = batch.next.fetch_add(1);
         if (index >= batch.files.size()) return;
-        const Fault fault = renderOne(batch, index);
-        batch.failed[index] = fault.none() ? 0 : 1;
-        drawProgress(batch.bar, index, 1.0);
-        report(batch, index, fault);
+        try {
+            renderAndReport(batch, index);
+        } catch (const std::exception&) {
+            // No memory even for its line: the last one of the run will name it, as one that failed.
+            batch.failed[index] = 1;
+        }
     }
 }
 

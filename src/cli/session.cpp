@@ -39,6 +39,7 @@ std::unique_ptr<Session> makeSession(const Options& options) {
     engine.teslaPhase = options.teslaPhase;
     engine.activationMode = options.activation;
     prepareRetuner(session->retuner, options);
+    prepareMidiTuning();
     return session;
 }
 

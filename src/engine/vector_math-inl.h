@@ -55,19 +55,21 @@ HWY_INLINE hn::Vec<D> LoadTurns(D d, const double* HWY_RESTRICT turns) {
 #endif
 }
 
-// Sine and cosine of `turns`, -0.5 to 0.5, within 2e-7: by those of the half angle, which need no cases.
+// Sine and cosine of `turns`, -0.5 to 0.5, within 6e-7 and on the average within 7e-8: by those of the half
+// angle, which need no cases. Pi has a second part and the coefficients were sought among numbers of single
+// precision, so that the errors have no bias: it is the same in every voice, and hundreds of them add it up.
 template <class D, class V>
 HWY_INLINE void SinCos(D d, V turns, V& sine, V& cosine) {
     const V z = hn::Mul(turns, turns);
-    V s = hn::MulAdd(z, hn::Set(d, 0.07765591227674203f), hn::Set(d, -0.5982904112836189f));
-    s = hn::MulAdd(z, s, hn::Set(d, 2.55007738652892f));
-    s = hn::MulAdd(z, s, hn::Set(d, -5.167710076668315f));
-    s = hn::MulAdd(z, s, hn::Set(d, 3.1415926400772034f));
-    s = hn::Mul(s, turns);
-    V c = hn::MulAdd(z, hn::Set(d, -0.024395932104876325f), hn::Set(d, 0.23493706859975194f));
-    c = hn::MulAdd(z, c, hn::Set(d, -1.3352119493916235f));
-    c = hn::MulAdd(z, c, hn::Set(d, 4.058709154763234f));
-    c = hn::MulAdd(z, c, hn::Set(d, -4.934802136928948f));
+    V s = hn::MulAdd(z, hn::Set(d, 0.0776332915f), hn::Set(d, -0.598282158f));
+    s = hn::MulAdd(z, s, hn::Set(d, 2.55007744f));
+    s = hn::MulAdd(z, s, hn::Set(d, -5.1677103f));
+    s = hn::MulAdd(z, s, hn::Set(d, -8.74227766e-8f));
+    s = hn::MulAdd(turns, hn::Set(d, 3.14159274f), hn::Mul(turns, s));
+    V c = hn::MulAdd(z, hn::Set(d, -0.0246492717f), hn::Set(d, 0.23506324f));
+    c = hn::MulAdd(z, c, hn::Set(d, -1.33522904f));
+    c = hn::MulAdd(z, c, hn::Set(d, 4.05870914f));
+    c = hn::MulAdd(z, c, hn::Set(d, -4.93480206f));
     c = hn::MulAdd(z, c, hn::Set(d, 1.0f));
     const V twice = hn::Add(s, s);
     sine = hn::Mul(twice, c);

@@ -19,11 +19,31 @@ struct TunedKey {
     std::int32_t tag;
 };
 
-// The table of a midiTableChoice, made at its first use. Any thread.
+using FoldedFamily = std::array<double, kAvatarFamilySize>;
+
+FoldedFamily foldFamily(const FoldedFamily& family) {
+    FoldedFamily folded{};
+    std::transform(family.begin(), family.end(), folded.begin(),
+                   [](double hz) { return foldForTuning(hz).frequency; });
+    return folded;
+}
+
+// All that is searched for a key; the same for every engine, and only read once made.
+struct TuningTables {
+    TunedTable avatar = makeTunedTable(buildMidiTuningTable(0).frequencies);
+    TunedTable shadow = makeTunedTable(buildMidiTuningTable(1).frequencies);
+    FoldedFamily reflection = foldFamily(reflectionFreqs);
+    FoldedFamily rotation = foldFamily(rotationFreqs);
+};
+
+// Made at the first use. Any thread.
+const TuningTables& tuningTables() {
+    static const TuningTables tables;
+    return tables;
+}
+
 const TunedTable& tableOf(std::int32_t midiTableChoice) {
-    static const TunedTable avatar = makeTunedTable(buildMidiTuningTable(0).frequencies);
-    static const TunedTable shadow = makeTunedTable(buildMidiTuningTable(1).frequencies);
-    return midiTableChoice == 1 ? shadow : avatar;
+    return midiTableChoice == 1 ? tuningTables().shadow : tuningTables().avatar;
 }
 
 double equalTempered(std::int32_t note) {
@@ -38,15 +58,6 @@ TunedKey tuneKey(const SynthEngine& engine, std::int32_t note) {
     const TunedFrequency tuned =
         nearestTuned(tableOf(engine.midiTableChoice), foldForTuning(raw).octaves, raw);
     return {tuned.frequency, tuned.harmonic};
-}
-
-using FoldedFamily = std::array<double, kAvatarFamilySize>;
-
-FoldedFamily foldFamily(const FoldedFamily& family) {
-    FoldedFamily folded{};
-    std::transform(family.begin(), family.end(), folded.begin(),
-                   [](double hz) { return foldForTuning(hz).frequency; });
-    return folded;
 }
 
 double smallestDistance(const FoldedFamily& family, double hz) {
@@ -77,6 +88,10 @@ MidiTuningTable buildMidiTuningTable(std::int32_t midiTableChoice) {
     return table;
 }
 
+void prepareMidiTuning() {
+    static_cast<void>(tuningTables());
+}
+
 std::int32_t foldKeyForBassFilter(std::int32_t note) {
     if (note < 48) return 48 + note % 12;
     // 73 is no multiple of 12: a key from above is raised a semitone against its own pitch class, so 96
@@ -92,11 +107,10 @@ double midiToFrequency(SynthEngine& engine, std::int32_t note, std::int32_t /*ch
 }
 
 float panAffinity(double frequency) {
-    static const FoldedFamily reflection = foldFamily(reflectionFreqs);
-    static const FoldedFamily rotation = foldFamily(rotationFreqs);
+    const TuningTables& tables = tuningTables();
     const double hz = foldForTuning(frequency).frequency;
-    const double toReflection = smallestDistance(reflection, hz);
-    const double toRotation = smallestDistance(rotation, hz);
+    const double toReflection = smallestDistance(tables.reflection, hz);
+    const double toRotation = smallestDistance(tables.rotation, hz);
     if (toReflection < toRotation) return 0.0f;
     if (toRotation < toReflection) return 1.0f;
     return 0.5f;

@@ -21,6 +21,10 @@ struct MidiTuningTable {
 // too are kept here), any other value the 162 Avatar frequencies.
 [[nodiscard]] MidiTuningTable buildMidiTuningTable(std::int32_t midiTableChoice);
 
+// Makes the tables that tuning and placing keys search; once for the program, on any thread. At start-up:
+// left to the first key, it would be done where a key may be tuned, under AudioLock too.
+void prepareMidiTuning();
+
 // The key that the bass filter makes of `note`: below 48 into 48 to 59, above 84 into 73 to 84.
 [[nodiscard]] std::int32_t foldKeyForBassFilter(std::int32_t note);
 

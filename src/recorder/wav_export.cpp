@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <new>
 #include <optional>
 #include <span>
 #include <utility>
@@ -24,6 +25,8 @@ constexpr std::size_t kProgressFrames = 4410;  // a tenth of a second
 constexpr std::size_t kBlockFrames = 512;
 constexpr float kStartLevel = 0.3f;  // what a new engine's master level is
 
+constexpr std::size_t kMostTables = 8192;  // of the renderer's: 60 MB
+
 // Puts a list of voices into the engine in place of its own, on a clock of 0, for as long as it lives. The
 // device is paused before the swap: a callback in between would render the borrowed voices.
 class BorrowedEngine {
@@ -33,6 +36,7 @@ class BorrowedEngine {
         platform::pauseAudioDevice(true);
         const AudioLock lock;
         engine_.voices.swap(voices_);
+        engine_.partialTables.swap(tables_);
         time_ = engine_.time;
         engine_.time = 0.0;
         // Else the first 50 ms would depend on what sounded before.
@@ -42,6 +46,7 @@ class BorrowedEngine {
         {
             const AudioLock lock;
             engine_.voices.swap(voices_);
+            engine_.partialTables.swap(tables_);
             engine_.time = time_;
             engine_.masterLevel = masterLevel_;
         }
@@ -53,6 +58,8 @@ class BorrowedEngine {
   private:
     SynthEngine& engine_;
     std::vector<Voice> voices_;
+    // Tables of its own: they may become many, and the memory for them goes with the render.
+    std::vector<PartialTable> tables_{kVoiceFigure + 1};
     double time_ = 0.0;
     float masterLevel_ = 0.0f;
 };
@@ -84,6 +91,18 @@ void admitDue(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames) {
     }
 }
 
+// Voices past the last table share it and build it anew in each sub-block: as right, but a thousand of 38
+// partials took twelve times as long. So they do where there is no memory, and past kMostTables.
+void growTables(SynthEngine& engine) {
+    const std::size_t wanted = std::min(engine.voices.size(), kMostTables);
+    if (wanted <= engine.partialTables.size()) return;
+    try {
+        engine.partialTables.resize(std::min(2 * wanted, kMostTables));
+    } catch (const std::bad_alloc&) {
+        return;
+    }
+}
+
 // Frames of a render of `seconds` and its tail. Only `outcome` Done makes them count: a length below 0 or not
 // a number makes Nothing, and one that no file can hold TooLong.
 std::size_t framesOf(double seconds, RenderOutcome& outcome) {
@@ -101,6 +120,7 @@ void renderBlock(SynthEngine& engine, WaitingVoices& waiting, std::size_t frames
     for (std::size_t done = 0; done < frames;) {
         const std::size_t count = std::min(kBlockFrames, frames - done);
         admitDue(engine, waiting, count);
+        growTables(engine);
         renderStereoBlock(engine, out + 2 * done, count);
         done += count;
     }
