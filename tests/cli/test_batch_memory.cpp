@@ -29,6 +29,10 @@ bool isRefused(std::size_t size) {
     if (memory == nullptr) throw std::bad_alloc();
     return memory;
 }
+// Sorting asks this way for its buffer, and gives it back to the ordinary delete.
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return std::malloc(size == 0 ? 1 : size);
+}
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
