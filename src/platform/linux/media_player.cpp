@@ -95,7 +95,7 @@ bool hasSound(MediaPlayer& player) {
 
 bool buildPipeline(MediaPlayer& player, const char* uri) {
     player.pipeline = gst_element_factory_make("playbin", nullptr);
-    player.sink = g_makeMediaSink();
+    player.sink = g_makeMediaSink.load()();
     if (player.pipeline == nullptr || player.sink == nullptr) {
         if (player.sink != nullptr) gst_object_unref(gst_object_ref_sink(player.sink));
         closeMedia(player);
@@ -121,7 +121,7 @@ MediaResult changeState(MediaPlayer& player, GstState state) {
 
 }  // namespace
 
-MediaSinkMaker g_makeMediaSink = systemsChoice;
+std::atomic<MediaSinkMaker> g_makeMediaSink = systemsChoice;
 
 MediaResult openMedia(MediaPlayer& player, const std::string& path) {
     if (player.pipeline != nullptr) return MediaResult::AlreadyOpen;
